@@ -51,6 +51,8 @@ Demo& Demo::debug(bool on) {
 
 void Demo::setWindowTitle(string title) { windowTitle = title; }
 
+void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -136,6 +138,7 @@ void Demo::run() {
         }
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
         glFinish();
+        if (frameObserver) frameObserver();
         SDL_GL_SwapBuffers();
         ++QLNDemosys::frames;
     }

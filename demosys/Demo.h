@@ -1,6 +1,7 @@
 #pragma once
 // The demo driver: load, init, run and dispose, around one single-threaded frame loop.
 #include <SDL/SDL.h>
+#include <functional>
 #include <string>
 
 class Animation;
@@ -19,6 +20,9 @@ public:
     bool isValid();
     Demo& debug(bool on);
     void setWindowTitle(std::string title);
+    // Called once per frame after the frame is drawn and before the buffers swap, while the
+    // finished picture is still in the back buffer (frame capture reads it there).
+    void setFrameObserver(std::function<void()> observer);
 
     bool load(ScreenMetrics* screenMetrics);
     void init();
@@ -42,6 +46,7 @@ private:
     float cameraSpeed;
     // Free-camera steering. No key sets these: the camera branch of the loop stays inert.
     bool pitchUp, pitchDown, headingLeft, headingRight, moveBack, moveForward;
+    std::function<void()> frameObserver;
 
     void clearCameraFlags();
     // Runs one loader stage, keeping its message; false once the demo has failed.
