@@ -96,7 +96,10 @@ bool decodePNG(FILE* file, MemoryReader* memory, const char* name, Decoded* out)
     size_t total = std::max(decodedBytes, headerBytes);
     if (total > maxDecodedBytes) png_error(png, "Image too large");
 
-    buffer = new (std::nothrow) unsigned char[total == 0 ? 1 : total];
+    // OpenGL's default unpack alignment pads each row to 4 bytes; the slack keeps such a
+    // read of a packed RGB picture inside the allocation.
+    size_t slack = size_t(3) * height + 4;
+    buffer = new (std::nothrow) unsigned char[total + slack];
     rows = new (std::nothrow) png_bytep[height];
     if (!buffer || !rows) png_error(png, "Out of memory for image rows");
     for (png_uint_32 y = 0; y < height; ++y) {
@@ -109,7 +112,7 @@ bool decodePNG(FILE* file, MemoryReader* memory, const char* name, Decoded* out)
     png_read_end(png, endInfo);
     png_destroy_read_struct(&png, &info, &endInfo);
 
-    std::memset(buffer + decodedBytes, 0, total - decodedBytes);
+    std::memset(buffer + decodedBytes, 0, total + slack - decodedBytes);
     delete[] rows;
     out->data = buffer;
     out->dataSize = total;
