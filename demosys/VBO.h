@@ -15,6 +15,8 @@ public:
     void setElementBuffer(int triangleCount, unsigned int* indices);
     bool validateBuffer(unsigned int target, unsigned int buffer);
     void draw();
+    // Both buffers set, a layout OpenGL takes, and every index inside the vertex buffer.
+    bool isDrawable() const;
 
     unsigned int getVertexBufferName() const { return vertexBuffer; }
     unsigned int getIndexBufferName() const { return indexBuffer; }
@@ -33,4 +35,5 @@ private:
     int normalComponents;
     int texCoordComponents;
     int stride;
+    unsigned int highestIndex;  // of the uploaded indices
 };

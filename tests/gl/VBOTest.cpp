@@ -120,3 +120,40 @@ TEST_F(VBOTest, IncompleteBuffersDrawNothingAndDeletionFreesNames) {
     EXPECT_FALSE(glIsBuffer(indices));
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
+
+TEST_F(VBOTest, BadLayoutsAndIndicesDrawOnlyWhatIsSafe) {
+    // One position float per vertex: OpenGL cannot take it, so nothing is drawn.
+    float thin[] = {0, 1, 2, 3};
+    unsigned int firstThree[] = {0, 1, 2};
+    VBO narrow;
+    narrow.setVertexBuffer(4, 1, 0, 0, thin);
+    narrow.setElementBuffer(1, firstThree);
+    EXPECT_FALSE(narrow.isDrawable());
+    narrow.draw();
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+
+    // Normals must come in threes; two would be read past each vertex.
+    VBO flatNormals;
+    flatNormals.setVertexBuffer(4, 3, 2, 0, leftHalf);
+    flatNormals.setElementBuffer(1, firstThree);
+    EXPECT_FALSE(flatNormals.isDrawable());
+
+    // A triangle naming a missing vertex is dropped; the good one still draws.
+    unsigned int wild[] = {0, 1, 2, 0, 2, 1000000};
+    VBO mesh;
+    mesh.setVertexBuffer(4, 3, 0, 2, leftHalf);
+    mesh.setElementBuffer(2, wild);
+    EXPECT_TRUE(mesh.isDrawable());
+    mesh.draw();
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    EXPECT_EQ(pixel(3 * w / 8, h / 4), (Rgb{255, 255, 255})) << "triangle 0 1 2 covers the lower right";
+    EXPECT_EQ(pixel(w / 8, 3 * h / 4), (Rgb{0, 0, 0})) << "triangle 0 2 3 was the wild one";
+
+    // Indices given first are checked once the vertices are known.
+    VBO early;
+    early.setElementBuffer(2, twoTriangles);
+    early.setVertexBuffer(3, 3, 0, 2, leftHalf);
+    EXPECT_FALSE(early.isDrawable()) << "index 3 names a fourth vertex";
+    early.setVertexBuffer(4, 3, 0, 2, leftHalf);
+    EXPECT_TRUE(early.isDrawable());
+}
