@@ -8,6 +8,7 @@
 #include <cmath>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <sstream>
 
 namespace {
@@ -37,6 +38,18 @@ size_t SoundDecoder::maxFrames(int rate) const {
 }
 
 bool SoundDecoder::decode(const std::string& file, std::vector<int16_t>& frames) {
+    try {
+        return decodeAny(file, frames);
+    } catch (const std::bad_alloc&) {
+        // A file too big for memory is no more playable than a broken one.
+        frames = std::vector<int16_t>();
+        kind.clear();
+        sourceRate = 0;
+        return false;
+    }
+}
+
+bool SoundDecoder::decodeAny(const std::string& file, std::vector<int16_t>& frames) {
     frames.clear();
     kind.clear();
     sourceRate = 0;

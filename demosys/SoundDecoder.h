@@ -25,6 +25,7 @@ public:
     static std::vector<int16_t> resample(const std::vector<int16_t>& frames, int fromRate, int toRate);
 
 private:
+    bool decodeAny(const std::string& file, std::vector<int16_t>& frames);
     bool decodeSampled(const std::string& file, std::vector<int16_t>& frames);
     bool decodeModule(const std::string& file, std::vector<int16_t>& frames);
     size_t maxFrames(int rate) const;
