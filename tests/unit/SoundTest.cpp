@@ -280,7 +280,7 @@ TEST_F(SoundTest, SeeksLandOnTheFrameOfTheMillisecondAndStillReturnFalse) {
     EXPECT_FALSE(QLNDemosys::soundchannel->isPlaying());
     uint64_t stoppedAt = QLNDemosys::soundchannel->getFramePosition();
     unsigned int stoppedMs = QLNDemosys::soundchannel->getPosition();
-    EXPECT_LT(stoppedMs, 95000u);
+    EXPECT_LE(stoppedMs, 95000u);
     // A stopped channel keeps answering; a second stop is harmless.
     EXPECT_TRUE(QLNDemosys::soundStop());
     letDeviceRun();
@@ -293,7 +293,9 @@ TEST_F(SoundTest, SeeksLandOnTheFrameOfTheMillisecondAndStillReturnFalse) {
     size_t start = out.firstSound();
     size_t run = matchingRun(out, start, reference, refFirst);
     EXPECT_GE(run, static_cast<size_t>(250 * rate / 1000));
-    size_t jump = start + run;
+    // Normally the jump follows at once; on a starved machine the first run may have
+    // reached the end, and silence lies between.
+    size_t jump = out.firstSound(start + run);
     size_t heardAfterJump = matchingRun(out, jump, reference, secondSeek);
     EXPECT_EQ(heardAfterJump, stoppedAt - secondSeek);
     // What was heard and the reported position agree to the millisecond.
@@ -328,11 +330,18 @@ TEST_F(SoundTest, PlayingAgainMixesASecondVoiceOverTheFirst) {
     Pcm reference;
     std::string wav = noise("quiet", 2.0, 2, 0.3, reference);
     ASSERT_TRUE(QLNDemosys::soundInit(wav.c_str()));
-    ASSERT_TRUE(QLNDemosys::soundPlay());
-    SoundChannel* first = QLNDemosys::soundchannel;
-    ASSERT_TRUE(waitUntil([&] { return first->getPosition() >= 300; }));
-    ASSERT_TRUE(QLNDemosys::soundPlay());
-    SoundChannel* second = QLNDemosys::soundchannel;
+    SoundChannel* first;
+    SoundChannel* second;
+    {
+        // Both voices start in the same mixer pass, the first already 300 ms in, so the
+        // offset between them does not depend on how the threads are scheduled.
+        SoundSystem::Lock hold(QLNDemosys::soundsystem);
+        ASSERT_TRUE(QLNDemosys::soundPlay());
+        first = QLNDemosys::soundchannel;
+        ASSERT_TRUE(first->setPosition(300));
+        ASSERT_TRUE(QLNDemosys::soundPlay());
+        second = QLNDemosys::soundchannel;
+    }
     EXPECT_NE(first, second);
     ASSERT_TRUE(waitUntil([&] { return !first->isPlaying() && !second->isPlaying(); }));
     EXPECT_EQ(QLNDemosys::soundsystem->getChannelsPlaying(), 0);
@@ -340,22 +349,19 @@ TEST_F(SoundTest, PlayingAgainMixesASecondVoiceOverTheFirst) {
     EXPECT_FALSE(QLNDemosys::soundShutdown());
 
     Pcm out = heard();
-    size_t start = out.firstSound() - reference.firstSound();
-    size_t offset = matchingRun(out, start, reference, 0);
-    ASSERT_GE(offset, static_cast<size_t>(300 * rate / 1000));
-    ASSERT_LT(offset, reference.frames());
+    const size_t offset = 300 * rate / 1000;
+    size_t start = out.firstSound();
     size_t wrong = 0;
-    for (size_t i = 0; i < reference.frames() + offset; ++i) {
+    for (size_t i = 0; i < reference.frames(); ++i) {
         for (int side = 0; side < 2; ++side) {
-            int expected = 0;
-            if (i < reference.frames()) expected += reference.samples[i * 2 + side];
-            if (i >= offset) expected += reference.samples[(i - offset) * 2 + side];
+            int expected = reference.samples[i * 2 + side];
+            if (i + offset < reference.frames()) expected += reference.samples[(i + offset) * 2 + side];
             expected = std::clamp(expected, -32768, 32767);
             if (out.samples[(start + i) * 2 + side] != expected) ++wrong;
         }
     }
     EXPECT_EQ(wrong, 0u);
-    EXPECT_EQ(out.firstSound(start + reference.frames() + offset), out.frames());
+    EXPECT_EQ(out.firstSound(start + reference.frames()), out.frames());
 }
 
 TEST_F(SoundTest, OtherRatesAreResampledToTheDevice) {
