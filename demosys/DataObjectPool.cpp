@@ -1,6 +1,7 @@
 #include "demosys/DataObjectPool.h"
 
 #include <iostream>
+#include <iterator>
 #include <set>
 
 #include "demosys/QLNScene.h"

@@ -146,13 +146,17 @@ void QLNSceneLoader::addObject(QLNMeshData& mesh) {
     object->setTranslation(vec3(mesh.translation));
     object->setBBoxMin(vec3(mesh.bboxMin));
     object->setBBoxMax(vec3(mesh.bboxMax));
-    // A layout GL cannot draw keeps its object but gets no vertices to misread.
-    bool drawable = mesh.hasDrawableLayout();
-    int vertexCount = drawable ? mesh.usableVertexCount() : 0;
-    int triangleCount = drawable ? mesh.usableTriangleCount() : 0;
     VBO* vbo = new VBO();
-    vbo->setVertexBuffer(vertexCount, mesh.vertexSize, mesh.normalSize, mesh.uvSize,
-                         vertexCount > 0 ? mesh.vertices.data() : nullptr);
-    vbo->setElementBuffer(triangleCount, triangleCount > 0 ? mesh.indices.data() : nullptr);
+    if (mesh.hasDrawableLayout()) {
+        int vertexCount = mesh.usableVertexCount();
+        vbo->setVertexBuffer(vertexCount, mesh.vertexSize, mesh.normalSize, mesh.uvSize,
+                             vertexCount > 0 ? mesh.vertices.data() : nullptr);
+        int triangleCount = mesh.usableTriangleCount();
+        vbo->setElementBuffer(triangleCount, triangleCount > 0 ? mesh.indices.data() : nullptr);
+    } else {
+        // A layout GL cannot take keeps its object, empty, so drawing it is harmless.
+        vbo->setVertexBuffer(0, 3, 0, 0, nullptr);
+        vbo->setElementBuffer(0, nullptr);
+    }
     object->setVBO(vbo);
 }
