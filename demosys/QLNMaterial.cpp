@@ -2,15 +2,16 @@
 
 #include <GL/glew.h>
 #include <iostream>
+#include <sstream>
+#include <string>
 
-#include "demosys/QLNVectorOutput.h"
+static Vector<float, 3> toVector(const float* rgb) { return Vector<float, 3>(rgb); }
 
-static Vector<float, 3> toVector(const float* rgb) {
-    Vector<float, 3> v;
-    v[0] = rgb[0];
-    v[1] = rgb[1];
-    v[2] = rgb[2];
-    return v;
+// The scene printouts write colours as "[r,g,b]".
+static std::string bracketed(const float* rgb) {
+    std::ostringstream text;
+    text << "[" << rgb[0] << "," << rgb[1] << "," << rgb[2] << "]";
+    return text.str();
 }
 
 QLNMaterial::QLNMaterial() {
@@ -54,6 +55,6 @@ void QLNMaterial::use() {
 }
 
 void QLNMaterial::print() {
-    std::cout << "Amb : " << getAmbient() << std::endl;
-    std::cout << "Dif : " << getDiffuse() << std::endl;
+    std::cout << "Amb : " << bracketed(ambient) << std::endl;
+    std::cout << "Dif : " << bracketed(diffuse) << std::endl;
 }

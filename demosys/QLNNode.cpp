@@ -2,9 +2,7 @@
 
 #include "demosys/QLNObject.h"
 
-QLNNode::QLNNode() : object(nullptr) {
-    for (int i = 0; i < 16; ++i) matrix[i] = 0.0f;
-}
+QLNNode::QLNNode() : matrix(Matrix<float, 4, 4, 16>::zero()), object(nullptr) {}
 
 QLNNode::~QLNNode() {
     delete object;

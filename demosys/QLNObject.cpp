@@ -5,15 +5,7 @@
 #include "demosys/QLNMaterial.h"
 #include "demosys/VBO.h"
 
-static Vector<float, 3> zero3() {
-    Vector<float, 3> v;
-    v[0] = v[1] = v[2] = 0.0f;
-    return v;
-}
-
-QLNObject::QLNObject()
-    : vbo(nullptr), material(nullptr), visible(true), bboxMin(zero3()), bboxMax(zero3()),
-      translation(zero3()) {}
+QLNObject::QLNObject() : vbo(nullptr), material(nullptr), visible(true) {}
 
 QLNObject::~QLNObject() { delete vbo; }
 

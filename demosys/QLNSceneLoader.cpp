@@ -34,14 +34,6 @@ static void skipToEnd(File& file) {
     while (bytesLeft(file) > 0) file.readChar();
 }
 
-static Vector<float, 3> vec3(const float* xyz) {
-    Vector<float, 3> v;
-    v[0] = xyz[0];
-    v[1] = xyz[1];
-    v[2] = xyz[2];
-    return v;
-}
-
 static void readFloats(File& file, float* out, int count) {
     for (int i = 0; i < count; ++i) out[i] = file.readFloat();
 }
@@ -143,9 +135,9 @@ void QLNSceneLoader::addObject(QLNMeshData& mesh) {
         object->setMaterial(material);
         scene->addMaterial(material);
     }
-    object->setTranslation(vec3(mesh.translation));
-    object->setBBoxMin(vec3(mesh.bboxMin));
-    object->setBBoxMax(vec3(mesh.bboxMax));
+    object->setTranslation(Vector<float, 3>(mesh.translation));
+    object->setBBoxMin(Vector<float, 3>(mesh.bboxMin));
+    object->setBBoxMax(Vector<float, 3>(mesh.bboxMax));
     VBO* vbo = new VBO();
     if (mesh.hasDrawableLayout()) {
         int vertexCount = mesh.usableVertexCount();

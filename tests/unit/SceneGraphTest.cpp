@@ -1,14 +1,11 @@
 // The scene graph without GL: searching by name, ownership and the material's colours.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "demosys/QLNMaterial.h"
 #include "demosys/QLNNode.h"
 #include "demosys/QLNObject.h"
 #include "demosys/QLNScene.h"
 #include "demosys/QLNSceneTree.h"
-#include "demosys/QLNVectorOutput.h"
 #include "support/TestSupport.h"
 
 namespace {
@@ -65,10 +62,12 @@ TEST(SceneGraph, NewPartsStartFromTheirDefaults) {
 }
 
 TEST(SceneGraph, MaterialColoursAndPrintout) {
+    typedef Vector<float, 3> Colour;
     QLNMaterial material;
-    std::ostringstream defaults;
-    defaults << material.getAmbient() << material.getDiffuse() << material.getEmissive();
-    EXPECT_EQ(defaults.str(), "[0.5,0.5,0.5][0.5,0.5,0.5][0,0,0]");
+    EXPECT_EQ(material.getAmbient(), Colour(0.5f, 0.5f, 0.5f));
+    EXPECT_EQ(material.getDiffuse(), Colour(0.5f, 0.5f, 0.5f));
+    EXPECT_EQ(material.getEmissive(), Colour(0.0f, 0.0f, 0.0f));
+    EXPECT_EQ(testsupport::captureStdout([&] { material.print(); }), "Amb : [0.5,0.5,0.5]\nDif : [0.5,0.5,0.5]\n");
 
     material.setAmbient(0.25f, 0.5f, 1.0f);
     material.setDiffuse(1.0f, 0.0f, 0.0f);
