@@ -1,0 +1,31 @@
+#include "demosys/DataEventPool.h"
+
+#include <iostream>
+
+#include "demosys/Event.h"
+
+DataEventPool::~DataEventPool() {
+    std::cout << "[Dispose eventPool]" << std::endl;
+    for (auto& entry : events) {
+        std::cout << " -> delete " << entry.first << std::endl;
+        delete entry.second;
+    }
+}
+
+void DataEventPool::addEvent(std::string name, Event* event) { events[name] = event; }
+
+Event* DataEventPool::getEvent(std::string name) {
+    auto entry = events.find(name);
+    return entry == events.end() ? nullptr : entry->second;
+}
+
+bool DataEventPool::exist(std::string name) { return events.count(name) > 0; }
+
+int DataEventPool::size() { return static_cast<int>(events.size()); }
+
+std::string DataEventPool::toString() {
+    if (size() == 0) return "EventPool { EMPTY }\n";
+    std::string text = "EventPool {\n";
+    for (auto& entry : events) text += "    " + entry.first + " = " + (entry.second ? entry.second->toString() : "");
+    return text + "}\n";
+}
