@@ -2,6 +2,7 @@
 // Camera and object paths by name. Owns them.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "demosys/DataPool.h"
 
@@ -21,4 +22,6 @@ public:
 private:
     int numAnimations = 0;
     std::map<std::string, Animation*> animations;
+    // Values whose name was taken again: out of the pool, deleted with it.
+    std::vector<Animation*> replaced;
 };

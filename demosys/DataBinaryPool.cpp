@@ -2,19 +2,26 @@
 
 #include <iostream>
 #include <iterator>
+#include <set>
 
 #include "demosys/Binary.h"
 #include "qlnutils/QLNUtils.h"
 
 DataBinaryPool::~DataBinaryPool() {
     std::cout << "[Dispose binaryPool]" << std::endl;
+    // A value entered under two names is deleted once.
+    std::set<Binary*> deleted;
     for (auto& entry : binaries) {
         std::cout << " -> delete " << entry.first << std::endl;
-        delete entry.second;
+        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
     }
+    for (Binary* value : replaced)
+        if (deleted.insert(value).second) delete value;
 }
 
 void DataBinaryPool::addData(std::string name, Binary* binary) {
+    auto found = binaries.find(name);
+    if (found != binaries.end() && found->second && found->second != binary) replaced.push_back(found->second);
     poolSize++;
     binaries[name] = binary;
 }

@@ -2,6 +2,7 @@
 // Raw binary blobs by name. Owns them.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "demosys/DataPool.h"
 
@@ -21,4 +22,6 @@ public:
 
 private:
     std::map<std::string, Binary*> binaries;
+    // Values whose name was taken again: out of the pool, deleted with it.
+    std::vector<Binary*> replaced;
 };

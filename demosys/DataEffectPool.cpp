@@ -2,18 +2,27 @@
 
 #include <iostream>
 #include <iterator>
+#include <set>
 
 #include "demosys/Effect.h"
 
 DataEffectPool::~DataEffectPool() {
     std::cout << "[Dispose effectPool]" << std::endl;
+    // A value entered under two names is deleted once.
+    std::set<Effect*> deleted;
     for (auto& entry : effects) {
         std::cout << " -> delete " << entry.first << std::endl;
-        delete entry.second;
+        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
     }
+    for (Effect* value : replaced)
+        if (deleted.insert(value).second) delete value;
 }
 
-void DataEffectPool::addEffect(std::string name, Effect* effect) { effects[name] = effect; }
+void DataEffectPool::addEffect(std::string name, Effect* effect) {
+    auto found = effects.find(name);
+    if (found != effects.end() && found->second && found->second != effect) replaced.push_back(found->second);
+    effects[name] = effect;
+}
 
 Effect* DataEffectPool::getEffect(std::string name) { return effects[name]; }
 

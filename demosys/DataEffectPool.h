@@ -2,6 +2,7 @@
 // Effect instances (and, as the template pool, the registered prototypes) by name. Owns them.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "demosys/DataPool.h"
 
@@ -23,4 +24,6 @@ public:
 
 private:
     std::map<std::string, Effect*> effects;
+    // Values whose name was taken again: out of the pool, deleted with it.
+    std::vector<Effect*> replaced;
 };

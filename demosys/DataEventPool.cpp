@@ -1,18 +1,27 @@
 #include "demosys/DataEventPool.h"
 
 #include <iostream>
+#include <set>
 
 #include "demosys/Event.h"
 
 DataEventPool::~DataEventPool() {
     std::cout << "[Dispose eventPool]" << std::endl;
+    // A value entered under two names is deleted once.
+    std::set<Event*> deleted;
     for (auto& entry : events) {
         std::cout << " -> delete " << entry.first << std::endl;
-        delete entry.second;
+        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
     }
+    for (Event* value : replaced)
+        if (deleted.insert(value).second) delete value;
 }
 
-void DataEventPool::addEvent(std::string name, Event* event) { events[name] = event; }
+void DataEventPool::addEvent(std::string name, Event* event) {
+    auto found = events.find(name);
+    if (found != events.end() && found->second && found->second != event) replaced.push_back(found->second);
+    events[name] = event;
+}
 
 Event* DataEventPool::getEvent(std::string name) {
     auto entry = events.find(name);

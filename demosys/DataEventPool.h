@@ -2,6 +2,7 @@
 // The event prototypes ("start", "stop", "modify") by name. Owns them.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "demosys/DataPool.h"
 
@@ -19,4 +20,6 @@ public:
 
 private:
     std::map<std::string, Event*> events;
+    // Values whose name was taken again: out of the pool, deleted with it.
+    std::vector<Event*> replaced;
 };
