@@ -30,7 +30,7 @@ ActionPool* QLNDemosys::action = nullptr;
 
 Camera QLNDemosys::camera;
 Lightsource QLNDemosys::light;
-GLExtensions QLNDemosys::glExtensions;
+GLExtensions* QLNDemosys::glExtensions = nullptr;
 ScreenMetrics* QLNDemosys::screenMetrics = nullptr;
 SDL_Surface* QLNDemosys::screen = nullptr;
 ProgressBar* QLNDemosys::pBar = nullptr;

@@ -48,7 +48,7 @@ TEST(AnimationParser, ReadsKeyframesInFileOrder) {
     ASSERT_TRUE(animation);
     ASSERT_EQ(2, animation->countKeyFrames());
     Keyframe* last = animation->getKeyFrame(1);
-    EXPECT_EQ(Vector<float, 3>(10, 20, -30), last->getPosition());
+    EXPECT_EQ((Vector<float, 3>(10, 20, -30)), last->getPosition());
     EXPECT_EQ(45.0f, last->getPitch());
     EXPECT_EQ(90.0f, last->getHeading());
     EXPECT_EQ(nullptr, animation->getKeyFrame(2));
@@ -81,7 +81,7 @@ TEST(AnimationParser, AcceptsAHeaderWithSurroundingWhiteSpaceAndWindowsLineEnds)
         parseText(dir, " \tQLNANI1 \r\nkeyframes 1\r\nposition 1.5 2 3\r\nangles 4 5\r\n");
     ASSERT_TRUE(animation);
     ASSERT_EQ(1, animation->countKeyFrames());
-    EXPECT_EQ(Vector<float, 3>(1.5f, 2, 3), animation->getKeyFrame(0)->getPosition());
+    EXPECT_EQ((Vector<float, 3>(1.5f, 2, 3)), animation->getKeyFrame(0)->getPosition());
     EXPECT_EQ(5.0f, animation->getKeyFrame(0)->getHeading());
 }
 
@@ -90,9 +90,9 @@ TEST(AnimationParser, ACountBeyondTheLinesPresentIsReadSafely) {
     std::unique_ptr<Animation> animation = parseText(dir, "QLNANI1\nkeyframes 3\nposition 1 2 3\n");
     ASSERT_TRUE(animation);
     ASSERT_EQ(3, animation->countKeyFrames());
-    EXPECT_EQ(Vector<float, 3>(1, 2, 3), animation->getKeyFrame(0)->getPosition());
+    EXPECT_EQ((Vector<float, 3>(1, 2, 3)), animation->getKeyFrame(0)->getPosition());
     EXPECT_EQ(0.0f, animation->getKeyFrame(0)->getPitch());
-    EXPECT_EQ(Vector<float, 3>(0, 0, 0), animation->getKeyFrame(2)->getPosition());
+    EXPECT_EQ((Vector<float, 3>(0, 0, 0)), animation->getKeyFrame(2)->getPosition());
 
     // An absurd count must not allocate without bound.
     std::unique_ptr<Animation> huge = parseText(dir, "QLNANI1\nkeyframes 2000000000\nposition 1 2 3\nangles 4 5\n");
@@ -173,29 +173,29 @@ TEST(AnimationCameraController, MovesTheCameraBetweenItsStartAndEndTimes) {
     camera.setPitch(7);
     camera.setHeading(7);
     controller->animate(9999);  // a millisecond early
-    EXPECT_EQ(Vector<float, 3>(7, 7, 7), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(7, 7, 7)), camera.getPosition());
     EXPECT_EQ(7.0f, camera.getHeading());
 
     controller->animate(10000);
-    EXPECT_EQ(Vector<float, 3>(0, 0, 0), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(0, 0, 0)), camera.getPosition());
     controller->animate(11000);
-    EXPECT_EQ(Vector<float, 3>(5, 10, -15), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(5, 10, -15)), camera.getPosition());
     EXPECT_FLOAT_EQ(22.5f, camera.getPitch());
     EXPECT_FLOAT_EQ(45.0f, camera.getHeading());
 
     // At the end time it still acts: the path is past its last segment and keeps its pose.
     camera.setPosition(Vector<float, 3>(7, 7, 7));
     EXPECT_EQ("OUT OF RANGE 1\n", captureStdout([&] { controller->animate(12000); }));
-    EXPECT_EQ(Vector<float, 3>(5, 10, -15), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(5, 10, -15)), camera.getPosition());
     camera.setPosition(Vector<float, 3>(7, 7, 7));
     controller->animate(12001);
-    EXPECT_EQ(Vector<float, 3>(7, 7, 7), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(7, 7, 7)), camera.getPosition());
 
     AnimationCameraController unbound;
     unbound.setStartTime(0u);
     unbound.setEndTime(QLNTime(1000u));
     unbound.animate(500);
-    EXPECT_EQ(Vector<float, 3>(7, 7, 7), camera.getPosition());
+    EXPECT_EQ((Vector<float, 3>(7, 7, 7)), camera.getPosition());
     camera.reset();
 
     std::unique_ptr<AnimationObjectController> objects(animation->getObjectController());
