@@ -161,8 +161,14 @@ TEST_F(SystemServicesGL, LoadsRgbAndOneDimensionalTextures) {
 
 TEST_F(SystemServicesGL, MissingFilesAndOtherTargetsUploadNothing) {
     TempDir dir;
+    GLuint before = 0, after = 0;
+    glGenTextures(1, &before);
     std::string said = captureStdout([&] { EXPECT_EQ(nullptr, QLNDemosys::loadTexture(dir.file("none.png"), GL_TEXTURE_2D, false)); });
+    glGenTextures(1, &after);
     EXPECT_EQ("", said);
+    EXPECT_EQ(before + 1, after);  // no texture name was taken in between
+    glDeleteTextures(1, &before);
+    glDeleteTextures(1, &after);
 
     std::string path = dir.write("cube.png", twoByTwoRgba());
     std::unique_ptr<Texture> volume(QLNDemosys::loadTexture(path, GL_TEXTURE_3D, false));
