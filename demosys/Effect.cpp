@@ -22,13 +22,6 @@ void Effect::musicEvent() {
 
 Effect* Effect::getInstance() { return new Effect(); }
 
-void Effect::setParameters(ParameterGroup* value) { parameters = value; }
-void Effect::setRenderTarget(FrameBufferObject* target) { renderTarget = target; }
-FrameBufferObject* Effect::getRenderTarget() { return renderTarget; }
-void Effect::setStartTime(unsigned int time) { startTime = time; }
-void Effect::setModifyTime(unsigned int time) { modifyTime = time; }
-void Effect::setLastCalled(unsigned int time) { lastCalled = time; }
-
 // A step above a second is a first frame or a seek, not real frame time.
 static const unsigned int maxFrameStep = 1000;
 static const unsigned int substituteFrameStep = 16;

@@ -19,12 +19,13 @@ public:
     // The prototype's factory: a new, default-constructed object of the same class.
     virtual Effect* getInstance();
 
-    void setParameters(ParameterGroup* parameters);
-    void setRenderTarget(FrameBufferObject* target);
-    FrameBufferObject* getRenderTarget();
-    void setStartTime(unsigned int time);
-    void setModifyTime(unsigned int time);
-    void setLastCalled(unsigned int time);
+    // Inline: the running-effects set calls these for every effect every frame.
+    void setParameters(ParameterGroup* value) { parameters = value; }
+    void setRenderTarget(FrameBufferObject* target) { renderTarget = target; }
+    FrameBufferObject* getRenderTarget() { return renderTarget; }
+    void setStartTime(unsigned int time) { startTime = time; }
+    void setModifyTime(unsigned int time) { modifyTime = time; }
+    void setLastCalled(unsigned int time) { lastCalled = time; }
 
     // Step since the previous frame; 16 ms stands in for a first call or a jump.
     unsigned int getFrameTicks(unsigned int now);
