@@ -1,5 +1,6 @@
 #include "demosys/DemoScriptParser.h"
 
+#include <exception>
 #include <iostream>
 #include <vector>
 
@@ -42,6 +43,18 @@ ParameterGroup* defaultsOf(EffectDefinition* definition) {
     return defaults;
 }
 
+// A path that cannot be read as a file (a directory, say) counts as not found.
+bool readWholeFile(const std::string& name, std::string& text) {
+    try {
+        File file(name, 0);
+        if (!file.exists()) return false;
+        text = file.getAsString();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 DemoScriptParser::DemoScriptParser(std::string fileName)
@@ -52,13 +65,13 @@ DemoScriptParser::DemoScriptParser(std::string fileName)
       valid(true),
       doParseDefaults(false),
       debug(false) {
-    File file(fileName, 0);
-    if (!file.exists()) {
+    std::string text;
+    if (!readWholeFile(fileName, text)) {
         errorMessage = "DemoScriptParser : '" + fileName + "' not found!";
         valid = false;
         return;
     }
-    scriptText = stripComments(file.getAsString());
+    scriptText = stripComments(text);
 }
 
 DemoScriptParser::~DemoScriptParser() {

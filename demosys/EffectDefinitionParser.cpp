@@ -1,5 +1,6 @@
 #include "demosys/EffectDefinitionParser.h"
 
+#include <exception>
 #include <memory>
 
 #include "demosys/EffectDefinition.h"
@@ -29,6 +30,18 @@ std::string positionKey(int position) {
     return key;
 }
 
+// A path that cannot be read as a file (a directory, say) counts as not found.
+bool readWholeFile(const std::string& name, std::string& text) {
+    try {
+        File file(name, 0);
+        if (!file.exists()) return false;
+        text = file.getAsString();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 EffectDefinitionParser::EffectDefinitionParser(std::string fileName)
@@ -39,13 +52,11 @@ bool EffectDefinitionParser::isValid() { return valid; }
 std::string EffectDefinitionParser::getErrorMessage() { return errorMessage; }
 
 bool EffectDefinitionParser::loadFile(std::string name) {
-    File file(name, 0);
-    if (!file.exists()) {
+    if (!readWholeFile(name, content)) {
         errorMessage = "EffectDefinitionParser : '" + name + "' not found!";
         valid = false;
         return false;
     }
-    content = file.getAsString();
     return true;
 }
 

@@ -1,6 +1,6 @@
 // Feeds arbitrary bytes to the demoscript reader as a file, then reads its timeline and
 // plays it to the end, with the pools and templates set up as start-up sets them. The
-// definitions live in /tmp/qln-fuzz-defs/, the directory the seeds' paths blocks name.
+// text "@DEFS@" in the input stands for the directory of the definitions written here.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -39,21 +39,33 @@ public:
     Effect* getInstance() override { return new ScrollerEffect(); }
 };
 
-const char* const definitionDir = "/tmp/qln-fuzz-defs/";
+std::string workDir;
 
-// Written through a rename so that fuzzers running side by side never read half a file.
-void writeDefinition(const std::string& name, const std::string& text) {
-    std::string path = definitionDir + name;
-    std::string temporary = path + "." + std::to_string(getpid());
-    std::FILE* file = std::fopen(temporary.c_str(), "wb");
+void writeFile(const std::string& path, const std::string& text) {
+    std::FILE* file = std::fopen(path.c_str(), "wb");
     if (!file) std::abort();
     std::fwrite(text.data(), 1, text.size(), file);
     std::fclose(file);
-    std::rename(temporary.c_str(), path.c_str());
 }
 
-std::string setUp() {
-    mkdir(definitionDir, 0755);
+void writeDefinition(const std::string& name, const std::string& text) { writeFile(workDir + "/" + name, text); }
+
+void removeWorkDir() {
+    for (const char* name : {"SpinEffect.def", "ScrollerEffect.def", "system.def", "screen.def", "sound.def",
+                             "demoscript.txt"}) {
+        std::remove((workDir + "/" + name).c_str());
+    }
+    rmdir(workDir.c_str());
+}
+
+void setUp() {
+    // Memory-backed when there is such a place: the script is written once per run.
+    struct stat info;
+    std::string pattern = stat("/dev/shm", &info) == 0 && S_ISDIR(info.st_mode) ? "/dev/shm" : "/tmp";
+    pattern += "/qln-fuzz-demoscript-XXXXXX";
+    if (!mkdtemp(&pattern[0])) std::abort();
+    workDir = pattern;
+    std::atexit(removeWorkDir);
     writeDefinition("SpinEffect.def",
                     "parameters {\ntexture [type=string][default=logo][values=<string>];\n"
                     "speed [type=float][default=1.0];\nmode [type=string][default=normal][values=normal,additive];\n}\n"
@@ -84,15 +96,15 @@ std::string setUp() {
     QLNDemosys::effectTemplatePool = templates;
     QLNDemosys::eventPool = events;
     QLNDemosys::action = new ActionPool();
+}
 
-    char pattern[] = "/tmp/qln-fuzz-demoscript-XXXXXX";
-    if (!mkdtemp(pattern)) std::abort();
-    static std::string input = std::string(pattern) + "/demoscript.txt";
-    std::atexit([] {
-        std::remove(input.c_str());
-        rmdir(input.substr(0, input.rfind('/')).c_str());
-    });
-    return input;
+std::string withDefinitionDir(std::string text) {
+    const std::string mark = "@DEFS@";
+    for (std::string::size_type at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
+        text.replace(at, mark.size(), workDir + "/");
+        at += workDir.size() + 1;
+    }
+    return text;
 }
 
 // Effect instances for the scripted blocks, as the loader creates them.
@@ -110,11 +122,10 @@ void createEffectObjects(Parameters* effects, DataEffectPool* instances) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string input = setUp();
-    std::FILE* file = std::fopen(input.c_str(), "wb");
-    if (!file) std::abort();
-    std::fwrite(data, 1, size, file);
-    std::fclose(file);
+    static bool ready = (setUp(), true);
+    (void)ready;
+    const std::string input = workDir + "/demoscript.txt";
+    writeFile(input, withDefinitionDir(std::string(reinterpret_cast<const char*>(data), size)));
 
     DataEffectPool* instances = new DataEffectPool();
     QLNDemosys::data->addData("effectPool", instances);

@@ -205,6 +205,8 @@ TEST_F(DemoScriptReader, ReportsFileHeaderAndDefinitionErrors) {
     EXPECT_FALSE(noFile.parser.isValid());
     EXPECT_EQ(noFile.parser.getErrorMessage(), "DemoScriptParser : '" + missing + "' not found!");
     EXPECT_EQ(noFile.system(), nullptr);
+    ParsedScript folder(dir.path());
+    EXPECT_EQ(folder.parser.getErrorMessage(), "DemoScriptParser : '" + dir.path() + "' not found!");
 
     ParsedScript spaced(dir.write("spaced.txt", "{ QLNDS1 }\npaths { definition = x/; }\n"));
     EXPECT_EQ(spaced.parser.getErrorMessage(), "Error while parsing demoscript!\nInvalid Script Header\nHeader : '{ QLNDS1 }'\n");
@@ -240,15 +242,16 @@ TEST_F(DemoScriptReader, ReportsFileHeaderAndDefinitionErrors) {
 TEST_F(DemoScriptReader, ReportsBrokenDefinitionsThroughValidation) {
     dir.write("defs/SpinEffect.def", "parameters { speed [type = float][default=1.0]; }");
     testing::internal::CaptureStderr();
-    ParsedScript hidden(writeScript(dir, "intro * SpinEffect { }\n"));
+    ParsedScript hidden(writeScript(dir, "intro * SpinEffect { speed = 1.5; }\n"));
     std::string standardError = testing::internal::GetCapturedStderr();
     std::string message = "Error while parsing demoscript!\nBlock : 'intro' (Effect Definition)\nParameter :  'speed'\n"
-                          "Value :  '1.0'\nParam type : \nError : Parameter type is not supported!";
+                          "Value :  '1.5'\nParam type : \nError : Parameter type is not supported!";
     EXPECT_EQ(hidden.parser.getErrorMessage(), message);
     EXPECT_EQ(standardError, message + "\n");
 
-    dir.write("defs/SpinEffect.def", "parameters { texture [type=string][values=<string>]; }");
-    ParsedScript noDefault(writeScript(dir, "intro * SpinEffect { }\n", "nodefault.txt"));
+    dir.write("defs/SpinEffect.def",
+              "parameters { texture [type=string][values=<string>]; speed [type=float][default=1.0]; }");
+    ParsedScript noDefault(writeScript(dir, "intro * SpinEffect { speed = 2.0; }\n", "nodefault.txt"));
     EXPECT_EQ(noDefault.parser.getErrorMessage(),
               "Error while parsing demoscript!\nBlock : 'intro' (Effect Definition)\nParameter :  'texture'\n"
               "Value :  ''\nError : Reverse lookup failed\n");

@@ -101,6 +101,11 @@ TEST(EffectDefinitionParser, ReportsAMissingFileAndInvalidBlockNames) {
         EXPECT_FALSE(result.valid) << c.text;
         EXPECT_EQ(result.error, c.error);
     }
+    // A folder is no definition file either.
+    dir.write("Folder.def/inside", "");
+    Result folder = parseFile(dir.file("Folder.def"));
+    EXPECT_EQ(folder.definition, nullptr);
+    EXPECT_EQ(folder.error, "EffectDefinitionParser : '" + dir.file("Folder.def") + "' not found!");
 }
 
 TEST(EffectDefinitionParser, EitherSectionMayBeMissing) {
