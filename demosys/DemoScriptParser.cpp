@@ -106,11 +106,14 @@ std::string DemoScriptParser::stripComments(const std::string& text) {
     std::string result;
     result.reserve(text.size());
     std::string::size_type start = 0;
+    // The next "//" at or after the line start: searched again only once passed, so a
+    // long script without comments is not scanned to its end for every line.
+    std::string::size_type comment = text.find("//");
     while (start <= text.size()) {
         std::string::size_type end = text.find_first_of("\r\n", start);
         if (end == std::string::npos) end = text.size();
         std::string::size_type length = end - start;
-        std::string::size_type comment = text.find("//", start);
+        if (comment != std::string::npos && comment < start) comment = text.find("//", start);
         if (comment < end) length = comment - start;
         std::string line = StringUtils::trim(text.substr(start, length));
         if (!line.empty()) {
