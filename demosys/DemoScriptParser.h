@@ -65,10 +65,13 @@ private:
     bool loadDefinitions();
     void storeGroup(Parameters* collection, const std::string& name, ParameterGroup* group);
 
-    bool readDeclaration(Timeline* timeline, std::string text);
-    bool readCall(Timeline* timeline, const std::string& object, const std::string& methodPart);
-    bool readMethodCall(Timeline* timeline, const std::string& object, const std::string& className,
-                        const std::string& method, ParameterGroup* arguments, int count);
+    // The event templates are looked up once per timeline and handed along.
+    bool readDeclaration(Timeline* timeline, DataEventPool* templates, std::string text);
+    bool readCall(Timeline* timeline, DataEventPool* templates, const std::string& object,
+                  const std::string& methodPart);
+    bool readMethodCall(Timeline* timeline, DataEventPool* templates, const std::string& object,
+                        const std::string& className, const std::string& method, ParameterGroup* arguments,
+                        int count);
     bool readPlainDeclaration(Timeline* timeline, const std::string& declaration);
 
     std::string fileName;

@@ -18,14 +18,15 @@
 Timeline* DemoScriptParser::parseTimeline() {
     if (!valid) return nullptr;
     Timeline* timeline = new Timeline();
+    DataEventPool* templates = eventTemplates();
     StringTokenizer declarations(timelineText, ";");
     while (declarations.hasMoreTokens()) {
-        if (!readDeclaration(timeline, declarations.getNext())) break;
+        if (!readDeclaration(timeline, templates, declarations.getNext())) break;
     }
     return timeline;
 }
 
-bool DemoScriptParser::readDeclaration(Timeline* timeline, std::string text) {
+bool DemoScriptParser::readDeclaration(Timeline* timeline, DataEventPool* templates, std::string text) {
     // Trimmed first, so that a declaration written after a line break reads the same.
     text = StringUtils::trim(text);
     if (debug) std::cout << "line : " << text << std::endl;
@@ -44,10 +45,11 @@ bool DemoScriptParser::readDeclaration(Timeline* timeline, std::string text) {
     // Decimal arguments were cut at their points too: join the rest back together.
     std::string methodPart = parts.getNext();
     while (parts.hasMoreTokens()) methodPart += "." + parts.getNext();
-    return readCall(timeline, object, methodPart);
+    return readCall(timeline, templates, object, methodPart);
 }
 
-bool DemoScriptParser::readCall(Timeline* timeline, const std::string& object, const std::string& methodPart) {
+bool DemoScriptParser::readCall(Timeline* timeline, DataEventPool* templates, const std::string& object,
+                                const std::string& methodPart) {
     Parameters* effects = getParameterGroup("effect_parameters");
     if (effects == nullptr || !effects->exist(object)) {
         fail("Error Pasing Timeline!\nScript object '" + object + "' not found\nProbable Cause : Spelling error?");
@@ -70,11 +72,10 @@ bool DemoScriptParser::readCall(Timeline* timeline, const std::string& object, c
     }
     if (debug) std::cout << "object = '" << object << "' method = '" << method << "' params = " << logged << std::endl;
 
-    DataEventPool* templates = eventTemplates();
     if (templates == nullptr || !templates->exist(method)) {
         ParameterGroup* instance = effects->getGroup(object);
         std::string className = instance->exist("class") ? instance->getParameter("class") : "";
-        return readMethodCall(timeline, object, className, method, arguments.release(), count);
+        return readMethodCall(timeline, templates, object, className, method, arguments.release(), count);
     }
 
     // start, stop and modify are taken as written: their time is the first argument.
@@ -90,8 +91,9 @@ bool DemoScriptParser::readCall(Timeline* timeline, const std::string& object, c
     return true;
 }
 
-bool DemoScriptParser::readMethodCall(Timeline* timeline, const std::string& object, const std::string& className,
-                                      const std::string& method, ParameterGroup* argumentGroup, int count) {
+bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templates, const std::string& object,
+                                      const std::string& className, const std::string& method,
+                                      ParameterGroup* argumentGroup, int count) {
     std::unique_ptr<ParameterGroup> arguments(argumentGroup);
     EffectDefinition* definition = nullptr;
     if (scriptDefaults != nullptr && scriptDefaults->exists(className)) {
@@ -155,7 +157,6 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, const std::string& obj
         }
     }
 
-    DataEventPool* templates = eventTemplates();
     Event* prototype = templates != nullptr && templates->exist("modify") ? templates->getEvent("modify") : nullptr;
     Event* event = prototype != nullptr ? prototype->getInstance() : nullptr;
     if (event == nullptr) return true;
