@@ -5,11 +5,11 @@
 #include <string>
 
 #include "demosys/Camera.h"
-#include "demosys/GLExtensions.h"
 #include "demosys/Lightsource.h"
 #include "demosys/QLNTime.h"
 
 class Parameters;
+class GLExtensions;
 class Data;
 class DataEffectPool;
 class DataEventPool;
@@ -49,7 +49,7 @@ public:
 
     static Camera camera;
     static Lightsource light;
-    static GLExtensions glExtensions;
+    static GLExtensions* glExtensions;  // created when the screen opens, deleted at dispose
     static ScreenMetrics* screenMetrics;
     static SDL_Surface* screen;
     static ProgressBar* pBar;
