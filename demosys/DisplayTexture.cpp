@@ -30,14 +30,6 @@ QLNTime timeArgument(ParameterGroup* params, const std::string& key) {
     return time;
 }
 
-Vector<float, 3> vector3(float x, float y, float z) {
-    Vector<float, 3> v;
-    v[0] = x;
-    v[1] = y;
-    v[2] = z;
-    return v;
-}
-
 DataTexturePool* namedTexturePool() {
     if (QLNDemosys::data == nullptr) return nullptr;
     return dynamic_cast<DataTexturePool*>(QLNDemosys::data->getData("texturePool"));
@@ -64,8 +56,8 @@ DisplayTexture::DisplayTexture()
       alpha(1.0f),
       fadeInProgress(1.0), fadeOutProgress(1.0),
       moveProgress(1.0),
-      moveFrom(vector3(0, 0, 0)),
-      moveTo(vector3(0, 0, 0)) {}
+      moveFrom(Vector<float, 3>(0, 0, 0)),
+      moveTo(Vector<float, 3>(0, 0, 0)) {}
 
 DisplayTexture::~DisplayTexture() {}
 
@@ -123,15 +115,15 @@ void DisplayTexture::modify(std::string method, ParameterGroup* params) {
         fadeEnd = timeArgument(params, "p2");
     } else if (method == "moveTo") {
         moveProgress = 0;
-        moveFrom = vector3(xPos, yPos, zPos);
+        moveFrom = Vector<float, 3>(xPos, yPos, zPos);
         moveStart = timeArgument(params, "p1");
         moveEnd = timeArgument(params, "p2");
-        moveTo = vector3(number(params, "p3"), number(params, "p4"), number(params, "p5"));
+        moveTo = Vector<float, 3>(number(params, "p3"), number(params, "p4"), number(params, "p5"));
     } else if (method == "easeIn" || method == "easeOut") {
         moveStart = timeArgument(params, "p1");
         moveEnd = timeArgument(params, "p2");
-        moveFrom = vector3(xPos, yPos, zPos);
-        moveTo = vector3(number(params, "p3"), number(params, "p4"), number(params, "p5"));
+        moveFrom = Vector<float, 3>(xPos, yPos, zPos);
+        moveTo = Vector<float, 3>(number(params, "p3"), number(params, "p4"), number(params, "p5"));
         Interpolate& ease = method == "easeIn" ? easeInInterpolator : easeOutInterpolator;
         ease.setTime(moveStart, moveEnd);
         ease.setVectors(moveFrom, moveTo);

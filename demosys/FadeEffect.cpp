@@ -19,15 +19,6 @@ float number(ParameterGroup* params, const std::string& key) {
     return QLNUtils::string2Float(argument(params, key));
 }
 
-Vector<float, 4> rgba(float r, float g, float b, float a) {
-    Vector<float, 4> v;
-    v[0] = r;
-    v[1] = g;
-    v[2] = b;
-    v[3] = a;
-    return v;
-}
-
 }  // namespace
 
 FadeEffect::FadeEffect()
@@ -36,9 +27,9 @@ FadeEffect::FadeEffect()
       spareProgress(1.0),
       start(new QLNTime()),
       end(new QLNTime()),
-      colour(rgba(0, 0, 0, 0)),
-      fromColour(rgba(0, 0, 0, 0)),
-      toColour(rgba(0, 0, 0, 0)) {}
+      colour(Vector<float, 4>(0, 0, 0, 0)),
+      fromColour(Vector<float, 4>(0, 0, 0, 0)),
+      toColour(Vector<float, 4>(0, 0, 0, 0)) {}
 
 FadeEffect::~FadeEffect() {
     delete start;
@@ -59,8 +50,8 @@ void FadeEffect::modify(std::string method, ParameterGroup* params) {
     progress = 0;
     start->setTimeAsString(argument(params, "p1"));
     end->setTimeAsString(argument(params, "p2"));
-    fromColour = rgba(number(params, "p3"), number(params, "p4"), number(params, "p5"), number(params, "p6"));
-    toColour = rgba(number(params, "p7"), number(params, "p8"), number(params, "p9"), number(params, "p10"));
+    fromColour = Vector<float, 4>(number(params, "p3"), number(params, "p4"), number(params, "p5"), number(params, "p6"));
+    toColour = Vector<float, 4>(number(params, "p7"), number(params, "p8"), number(params, "p9"), number(params, "p10"));
 }
 
 void FadeEffect::musicEvent() {
@@ -68,8 +59,8 @@ void FadeEffect::musicEvent() {
     progress = 0;
     start->setMilliseconds(static_cast<int>(lastCalled));
     end->setMilliseconds(static_cast<int>(lastCalled + 500));
-    fromColour = rgba(0.75f, 0.75f, 0.75f, 0.75f);
-    toColour = rgba(0, 0, 0, 0);
+    fromColour = Vector<float, 4>(0.75f, 0.75f, 0.75f, 0.75f);
+    toColour = Vector<float, 4>(0, 0, 0, 0);
 }
 
 void FadeEffect::draw(unsigned int time) {
@@ -98,8 +89,7 @@ void FadeEffect::draw(unsigned int time) {
 
     // The quad reaches past the viewport on every side.
     glPushMatrix();
-    const float rgbaNow[4] = {colour[0], colour[1], colour[2], colour[3]};
-    glColor4fv(rgbaNow);
+    glColor4fv(colour.data());
     glBegin(GL_QUADS);
     glTexCoord2f(0, 0);
     glVertex2f(-2, -2);
