@@ -50,8 +50,10 @@ void FadeEffect::modify(std::string method, ParameterGroup* params) {
     progress = 0;
     start->setTimeAsString(argument(params, "p1"));
     end->setTimeAsString(argument(params, "p2"));
-    fromColour = Vector<float, 4>(number(params, "p3"), number(params, "p4"), number(params, "p5"), number(params, "p6"));
-    toColour = Vector<float, 4>(number(params, "p7"), number(params, "p8"), number(params, "p9"), number(params, "p10"));
+    fromColour = Vector<float, 4>(number(params, "p3"), number(params, "p4"),
+                                  number(params, "p5"), number(params, "p6"));
+    toColour = Vector<float, 4>(number(params, "p7"), number(params, "p8"),
+                                number(params, "p9"), number(params, "p10"));
 }
 
 void FadeEffect::musicEvent() {
