@@ -86,6 +86,8 @@ class DisplayTextureTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(testsupport::ensureGLWindow());
+        while (glGetError() != GL_NO_ERROR) {
+        }
         width = SDL_GetVideoSurface()->w;
         height = SDL_GetVideoSurface()->h;
 
@@ -449,7 +451,7 @@ TEST_F(DisplayTextureTest, MissingSettingsAtInitDrawNothingAndKeepRunning) {
 
 TEST_F(DisplayTextureTest, RenderTargetSendsTheQuadIntoAFramebufferAndUnknownNamesBackToTheScreen) {
     ScreenMetrics metrics;
-    metrics.setResolution(width, height);
+    metrics.resize(width, height);  // the screen view that releasing the last target restores
     QLNDemosys::screenMetrics = &metrics;
     FrameBufferObject* fbo = new FrameBufferObject(128, 128, false, false);
     ASSERT_TRUE(fbo->isValid());
@@ -475,5 +477,6 @@ TEST_F(DisplayTextureTest, RenderTargetSendsTheQuadIntoAFramebufferAndUnknownNam
     EXPECT_EQ(effect->getRenderTarget(), nullptr);
     frame(200);
     EXPECT_TRUE(is(at(0, 0), kWhite));
+    EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
     QLNDemosys::screenMetrics = nullptr;
 }

@@ -50,6 +50,8 @@ class FadeEffectTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(testsupport::ensureGLWindow());
+        while (glGetError() != GL_NO_ERROR) {
+        }
         width = SDL_GetVideoSurface()->w;
         height = SDL_GetVideoSurface()->h;
         FadeEffect prototype;
