@@ -217,7 +217,7 @@ TEST_F(DisplayTextureTest, FadeUpRisesFromInvisibleToOpaqueAndHolds) {
     EXPECT_TRUE(is(at(0, 0), kBlack));
     frame(1500);
     EXPECT_TRUE(colourNear(at(0, 0), 128, 128, 128));
-    frame(2000);
+    frame(2500);  // past the end: pinned at 1.0, which ends the fade
     EXPECT_TRUE(is(at(0, 0), kWhite));
     frame(4000);
     EXPECT_TRUE(is(at(0, 0), kWhite));
