@@ -36,12 +36,19 @@ void Mask::drawText(const std::string& text, int left, int top, int scale) {
 Mask Mask::boxBlurred(int radius, bool horizontal) const {
     Mask out(w, h);
     const float norm = 1.0f / float(2 * radius + 1);
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x) {
-            float sum = 0;
-            for (int k = -radius; k <= radius; ++k) sum += horizontal ? at(x + k, y) : at(x, y + k);
-            out.v[size_t(y) * w + x] = sum * norm;
+    const int lines = horizontal ? h : w, length = horizontal ? w : h;
+    for (int line = 0; line < lines; ++line) {
+        auto sample = [&](int i) { return horizontal ? at(i, line) : at(line, i); };
+        // A running sum over the window; samples outside the mask count as empty.
+        double sum = 0;
+        for (int k = -radius; k <= radius; ++k) sum += sample(k);
+        for (int i = 0; i < length; ++i) {
+            float value = float(sum) * norm;
+            if (horizontal) out.v[size_t(line) * w + i] = value;
+            else out.v[size_t(i) * w + line] = value;
+            sum += sample(i + radius + 1) - sample(i - radius);
         }
+    }
     return out;
 }
 
