@@ -7,11 +7,22 @@
 
 namespace qlntools {
 
+namespace {
+
+// Four decimals; values that round to zero are written without a minus sign.
+std::string number(double v) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.4f", v);
+    std::string s = text;
+    return s == "-0.0000" ? "0.0000" : s;
+}
+
+}  // namespace
+
 std::string CameraPathMaker::text() {
     const double pi = 3.14159265358979323846;
     const int count = loopKeyframes + 3;
     std::string out = "QLNANI1\nkeyframes " + std::to_string(count) + "\n";
-    char line[128];
     for (int k = 0; k < count; ++k) {
         double angle = (k - 1) * 360.0 / loopKeyframes;
         double a = angle * pi / 180.0;
@@ -20,12 +31,10 @@ std::string CameraPathMaker::text() {
         double y = 1.5 + 1.0 * std::sin(3 * a);
         // Heading turns with the circle (kept continuous, no jump at 180 degrees);
         // a positive pitch looks down towards the origin.
-        double heading = 0.0 - angle + 0.0;
+        double heading = -angle;
         double pitch = std::atan2(y, radius) * 180.0 / pi;
-        std::snprintf(line, sizeof line, "position %.4f %.4f %.4f\n", x, y, z);
-        out += line;
-        std::snprintf(line, sizeof line, "angles %.4f %.4f\n", pitch, heading);
-        out += line;
+        out += "position " + number(x) + " " + number(y) + " " + number(z) + "\n";
+        out += "angles " + number(pitch) + " " + number(heading) + "\n";
     }
     return out;
 }

@@ -156,6 +156,8 @@ bool ObjConverter::convert(const std::string& text, std::vector<MeshData>& meshe
             line.append(part);
             break;
         }
+        // Names end at a NUL in the object file, so a NUL in the text would shift everything after it.
+        if (line.find('\0') != std::string::npos) return fail(firstLine, "NUL byte in the text");
         size_t hash = line.find('#');
         if (hash != std::string::npos) line.erase(hash);
         std::vector<std::string_view> w = words(line);

@@ -394,8 +394,9 @@ TEST(ObjConverter, MaterialsComeFromTheLibraryBesideTheModel) {
 }
 
 TEST(ObjConverter, MalformedModelsGiveAnErrorNamingTheLine) {
+    using namespace std::string_literals;
     struct Case {
-        const char* obj;
+        std::string obj;
         const char* message;
     };
     const Case cases[] = {
@@ -410,6 +411,7 @@ TEST(ObjConverter, MalformedModelsGiveAnErrorNamingTheLine) {
         {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1//2 2//2 3//2\n", "line 4: normal index '2' out of range (0 so far)"},
         {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1/1/1/1 2 3\n", "line 4: bad face vertex '1/1/1/1'"},
         {"v 0 0 0 \\\n\nv 1 0 0\nf 1 2 x\n", "line 4: vertex index 'x' out of range"},
+        {"v 0 0 0\nv 1 0 0\nv 1 1 0\no na\0me\nf 1 2 3\n"s, "line 4: NUL byte in the text"},
         {"v 0 0 0\nv 1 0 0\nv 1 1 0\n", "no faces found"},
         {"", "no faces found"},
     };
