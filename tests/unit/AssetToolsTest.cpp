@@ -12,6 +12,7 @@
 #include <set>
 #include <sstream>
 
+#include "qlnutils/File.h"
 #include "support/TestSupport.h"
 #include "tools/AssetCatalog.h"
 #include "tools/BitmapFont.h"
@@ -483,4 +484,49 @@ TEST(ObjConverter, BundledModelsConvertIntoTheirNamedMeshes) {
     for (const auto* meshes : {&logo, &star, &cube})
         for (const MeshData& m : *meshes)
             for (int32_t index : m.indices) ASSERT_TRUE(index >= 0 && index < m.vertexCount()) << m.name;
+}
+
+TEST(ObjConverter, BundledObjectFilesWalkCleanlyWithTheEnginesFileReaders) {
+    // The reading order of the engine's scene loader, on its own little-endian readers:
+    // every count must land exactly on the end of the file.
+    const std::pair<const char*, std::vector<std::string>> files[] = {
+        {"cube.qlo", {"cube"}}, {"logo.qlo", {"letter_q", "letter_l", "letter_n"}}, {"star.qlo", {"star"}}};
+    for (const auto& [name, meshNames] : files) {
+        SCOPED_TRACE(name);
+        File file(resources() + "/objects/" + name, 0);
+        ASSERT_TRUE(file.exists());
+        const int meshes = file.readInt();
+        ASSERT_EQ(meshes, int(meshNames.size()));
+        for (int k = 0; k < meshes; ++k) {
+            EXPECT_EQ(file.readString(), meshNames[size_t(k)]);
+            if (file.readInt() > 0) {
+                for (int i = 0; i < 9; ++i) EXPECT_GE(file.readFloat(), 0.0f) << "material colour";
+            }
+            float box[9];
+            for (float& f : box) f = file.readFloat();
+            for (int i = 0; i < 3; ++i) EXPECT_LE(box[3 + i], box[6 + i]) << "bounding box axis " << i;
+            const int vertices = file.readInt();
+            const int vertexSize = file.readChar(), normalSize = file.readChar(), uvSize = file.readChar();
+            EXPECT_EQ(vertexSize, 3);
+            EXPECT_EQ(normalSize, 3);
+            for (int v = 0; v < vertices; ++v) {
+                float p[3], n[3];
+                for (float& f : p) f = file.readFloat();
+                for (float& f : n) f = file.readFloat();
+                for (int i = 0; i < 3; ++i) {
+                    EXPECT_GE(p[i], box[3 + i]);
+                    EXPECT_LE(p[i], box[6 + i]);
+                }
+                EXPECT_NEAR(n[0] * n[0] + n[1] * n[1] + n[2] * n[2], 1.0f, 1e-5f) << "unit normals";
+                for (int i = 0; i < uvSize; ++i) file.readFloat();
+            }
+            const int triangles = file.readInt();
+            EXPECT_GT(triangles, 0);
+            for (int i = 0; i < triangles * 3; ++i) {
+                int index = file.readInt();
+                ASSERT_TRUE(index >= 0 && index < vertices) << "index " << index;
+            }
+        }
+        EXPECT_EQ(file.getReadPosition(), file.getFileSize());
+    }
 }
