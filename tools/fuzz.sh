@@ -7,7 +7,7 @@ seconds=${1:-20}
 only=${2:-}
 passed=0
 failed=0
-for target in build-fuzz/fuzz_*; do
+for target in build-fuzz/tests/fuzz/fuzz_*; do
   [ -x "$target" ] || continue
   name=$(basename "$target")
   [ -z "$only" ] || [ "$name" = "$only" ] || continue

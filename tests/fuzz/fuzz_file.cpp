@@ -1,0 +1,69 @@
+// Arbitrary bytes written to a real file, read back whole and walked with the readers in an
+// order the bytes themselves choose; then put back out and compared.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+#include "qlnutils/File.h"
+
+namespace {
+
+std::string tempPath(const char* stem) {
+    return std::string("/tmp/") + stem + "-" + std::to_string(getpid()) + ".bin";
+}
+
+void removeTempFiles() {
+    std::remove(tempPath("qln-fuzz-file-in").c_str());
+    std::remove(tempPath("qln-fuzz-file-out").c_str());
+}
+
+std::string slurp(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const std::string inputPath = tempPath("qln-fuzz-file-in");
+    static const std::string outputPath = tempPath("qln-fuzz-file-out");
+    static const int cleanup = std::atexit(removeTempFiles);
+    (void)cleanup;
+    std::string bytes(reinterpret_cast<const char*>(data), size);
+    {
+        std::ofstream out(inputPath, std::ios::binary | std::ios::trunc);
+        out << bytes;
+    }
+
+    File file(inputPath, File::READ);
+    if (!file.exists() || file.getFileSize() != size || file.getAsString() != bytes) abort();
+    if (file.getUnsigned().size() != size || file.get().size() != size || file.getAsInt().size() != size / 4) abort();
+    std::string joined;
+    for (const std::string& line : file.getAsLines()) joined += line;
+    if (joined.size() > size) abort();
+
+    // Walk past the end on purpose: the readers must stay inside the buffer.
+    for (int step = 0; step < 64 && file.getReadPosition() <= size; ++step) {
+        switch (static_cast<unsigned char>(file.readChar()) % 5) {
+            case 0: file.readInt(); break;
+            case 1: file.readFloat(); break;
+            case 2: file.readString(); break;
+            case 3: file.readString(file.readInt()); break;
+            default: file.readString(static_cast<unsigned char>(file.readChar())); break;
+        }
+        if (file.getReadPosition() > size) abort();
+        if (file.getReadPosition() == size && step > 8) break;
+    }
+
+    {
+        File out(outputPath, File::WRITE);
+        out.put(bytes);
+        if (!out.write()) abort();
+    }
+    if (slurp(outputPath) != bytes) abort();
+    return 0;
+}
