@@ -3,6 +3,7 @@
 // at demo time floor(k * 1000 / fps), however long drawing and writing take.
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "demo/capture/CaptureOptions.h"
 
