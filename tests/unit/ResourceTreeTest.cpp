@@ -1,15 +1,20 @@
 // The hand-written part of the resource tree against the rules of the script language:
-// definition files for every class the engine and the demo register, well-formed
-// parameters, and a starter script whose files exist and whose timeline calls match
-// the methods of their classes.
+// definition files for every class the engine and the demo register, read with the
+// engine's own definition reader; and a starter script whose files exist and whose
+// timeline calls match the methods of their classes (the program test plays it).
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <set>
 
+#include "demosys/EffectDefinition.h"
+#include "demosys/EffectDefinitionParser.h"
+#include "demosys/ParameterGroup.h"
+#include "demosys/Parameters.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 #include "support/TestSupport.h"
@@ -32,29 +37,25 @@ struct Definition {
     std::map<std::string, std::vector<std::string>> methods;               // name -> argument types
 };
 
+// A definition file as the engine reads it, flattened for the checks below.
 Definition readDefinition(const std::string& name) {
     Definition d;
-    const std::string text = testsupport::readFile(resources() + "/definitions/" + name + ".def");
-    EXPECT_FALSE(text.empty()) << name << ".def is missing";
-    std::vector<std::string> pieces = split(text, "{}");
-    EXPECT_EQ(pieces.size() % 2, 0u) << name << ".def: an empty block shifts the pairing of names and bodies";
-    for (size_t i = 0; i + 1 < pieces.size(); i += 2) {
-        const std::string& block = pieces[i];
-        EXPECT_TRUE(block == "parameters" || block == "methods") << name << ".def: block '" << block << "'";
-        for (const std::string& statement : split(pieces[i + 1], ";")) {
-            if (block == "parameters") {
-                std::vector<std::string> parts = split(statement, "[]");
-                auto& attributes = d.parameters[parts[0]];
-                for (size_t k = 1; k < parts.size(); ++k) {
-                    size_t eq = parts[k].find('=');
-                    attributes[parts[k].substr(0, eq)] = eq == std::string::npos ? "" : parts[k].substr(eq + 1);
-                }
-            } else {
-                std::vector<std::string> parts = split(statement, "()");
-                d.methods[parts[0]] = parts.size() > 1 ? split(parts[1], ",") : std::vector<std::string>();
-            }
+    EffectDefinitionParser parser(resources() + "/definitions/" + name + ".def");
+    std::unique_ptr<EffectDefinition> definition(parser.parse());
+    EXPECT_TRUE(definition) << parser.getErrorMessage();
+    if (!definition) return d;
+    if (Parameters* parameters = definition->getParameters())
+        for (int i = 0; i < parameters->size(); ++i) {
+            ParameterGroup* attributes = parameters->getValue(i);
+            for (int k = 0; k < attributes->size(); ++k)
+                d.parameters[parameters->getKey(i)][attributes->getKey(k)] = attributes->getValue(k);
         }
-    }
+    if (Parameters* methods = definition->getMethods())
+        for (int i = 0; i < methods->size(); ++i) {
+            ParameterGroup* arguments = methods->getValue(i);  // keys "00", "01", ... in argument order
+            for (int k = 0; k < arguments->size(); ++k) d.methods[methods->getKey(i)].push_back(arguments->getValue(k));
+            d.methods[methods->getKey(i)];  // a method without arguments
+        }
     return d;
 }
 
