@@ -165,7 +165,7 @@ TEST_F(TextwriterEffectTest, ScriptedSettersPlaceAndSizeTheBox) {
     EXPECT_EQ(glyphAt(0, 1), 4);
     EXPECT_TRUE(near(cell(1, 1), backgroundColour));
     // Cells keep three hundredths of their size free on each side.
-    EXPECT_EQ(glyphOf(pixelAt(-0.5f + 0.25f * 0.05f, 0.25f)), 0);
+    EXPECT_EQ(glyphOf(pixelAt(-0.5f + 0.25f * 0.15f, 0.25f)), 0);
     EXPECT_TRUE(near(pixelAt(-0.5f + 0.25f * 0.01f, 0.25f), backgroundColour));
     // The background reaches the border size beyond the box on every side.
     EXPECT_TRUE(near(pixelAt(-0.55f, 0.0f), backgroundColour));
