@@ -26,7 +26,7 @@ protected:
         // 64 cells of 16 pixels: the screen shows a quarter, 16 cells of 40 pixels.
         buffer = new FrameBufferObject(1024, 64, false, false);
         ASSERT_TRUE(buffer->isValid());
-        fbos->addFBO("scrollbuffer", buffer);
+        fbos->addFBO("fontbuffer", buffer);
         fill(0, 0, 0, 0);
     }
 
@@ -45,7 +45,7 @@ protected:
 
     // Starts the scroller and returns what its init printed.
     std::string startScroller(const std::string& text, const char* font = "font",
-                              const char* fbo = "scrollbuffer") {
+                              const char* fbo = "fontbuffer") {
         return testsupport::captureStdout([&] {
             ScrollEffect prototype;
             start(prototype, {{"font", font}, {"text", text.c_str()}, {"fontbuffer", fbo}});
@@ -187,7 +187,7 @@ TEST_F(ScrollEffectTest, MissingBufferFontOrParametersDrawNothingAndNeverCrash) 
     ParameterGroup group;
     group.addParameter("font", "nope");
     group.addParameter("text", alphabet);
-    group.addParameter("fontbuffer", "scrollbuffer");
+    group.addParameter("fontbuffer", "fontbuffer");
     noFont.setParameters(&group);
     testsupport::captureStdout([&] { noFont.init(); });
     action.removeAll();
@@ -213,7 +213,7 @@ TEST_F(ScrollEffectTest, DefinitionDeclaresFontTextBufferAndMethods) {
     ASSERT_TRUE(definition->hasMethod("reset"));
     EXPECT_EQ(definition->getMethod("reset")->size(), 1);
 
-    // The defaults name the font "font" and the buffer "scrollbuffer".
+    // The defaults name the font "font" and the buffer "fontbuffer".
     std::string printed = testsupport::captureStdout([&] {
         ScrollEffect prototype;
         startWithDefaults(prototype, *definition);

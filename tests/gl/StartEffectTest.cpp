@@ -96,12 +96,18 @@ TEST_F(StartEffectTest, ResetAndInitOpenTheDoorsAgain) {
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
 }
 
-TEST_F(StartEffectTest, DefinitionFileIsReadable) {
+TEST_F(StartEffectTest, DefinitionDeclaresNoMethodsAndItsDefaultsChangeNothing) {
     std::unique_ptr<EffectDefinition> definition = loadDefinition("StartEffect");
     ASSERT_NE(definition, nullptr);
     EXPECT_FALSE(definition->hasMethods() && definition->getMethods()->size() > 0);
-    std::unique_ptr<ParameterGroup> defaults(definition->getDefaults());
-    EXPECT_EQ(defaults->size(), 0);
+    // A script block needs one entry to exist at all; the effect reads none.
+    action.removeAll();
+    StartEffect prototype;
+    startWithDefaults(prototype, *definition);
+    draw(910);
+    EXPECT_EQ(gap(), windowHeight());
+    draw(926);
+    EXPECT_EQ(gap(), 0);
 }
 
 }  // namespace

@@ -1,0 +1,114 @@
+#include "demosys/FadeEffect.h"
+
+#include <GL/glew.h>
+#include <algorithm>
+
+#include "demosys/ParameterGroup.h"
+#include "demosys/QLNTime.h"
+#include "qlnutils/QLNUtils.h"
+
+namespace {
+
+// A missing argument reads as empty text: a zero time or a zero number.
+std::string argument(ParameterGroup* params, const std::string& key) {
+    if (params == nullptr || !params->exist(key)) return std::string();
+    return params->getParameter(key);
+}
+
+float number(ParameterGroup* params, const std::string& key) {
+    return QLNUtils::string2Float(argument(params, key));
+}
+
+}  // namespace
+
+FadeEffect::FadeEffect()
+    : Effect(),
+      progress(1.0),
+      spareProgress(1.0),
+      start(new QLNTime()),
+      end(new QLNTime()),
+      colour(Vector<float, 4>(0, 0, 0, 0)),
+      fromColour(Vector<float, 4>(0, 0, 0, 0)),
+      toColour(Vector<float, 4>(0, 0, 0, 0)) {}
+
+FadeEffect::~FadeEffect() {
+    delete start;
+    delete end;
+}
+
+Effect* FadeEffect::getInstance() { return new FadeEffect(); }
+
+void FadeEffect::init() { reset(); }
+
+void FadeEffect::reset() {
+    progress = 1.0;
+    spareProgress = 1.0;
+}
+
+void FadeEffect::modify(std::string method, ParameterGroup* params) {
+    if (method != "fade") return;
+    progress = 0;
+    start->setTimeAsString(argument(params, "p1"));
+    end->setTimeAsString(argument(params, "p2"));
+    fromColour = Vector<float, 4>(number(params, "p3"), number(params, "p4"),
+                                  number(params, "p5"), number(params, "p6"));
+    toColour = Vector<float, 4>(number(params, "p7"), number(params, "p8"),
+                                number(params, "p9"), number(params, "p10"));
+}
+
+void FadeEffect::musicEvent() {
+    // Only the millisecond part is set: minutes and seconds of an earlier fade stay.
+    progress = 0;
+    start->setMilliseconds(static_cast<int>(lastCalled));
+    end->setMilliseconds(static_cast<int>(lastCalled + 500));
+    fromColour = Vector<float, 4>(0.75f, 0.75f, 0.75f, 0.75f);
+    toColour = Vector<float, 4>(0, 0, 0, 0);
+}
+
+void FadeEffect::draw(unsigned int time) {
+    if (progress != 1.0) {
+        double t = (static_cast<double>(time) - start->getTicksAsDouble()) /
+                   (end->getTicksAsDouble() - start->getTicksAsDouble());
+        t = std::min(t, 1.0);
+        progress = t;
+        colour = fromColour.linearInterpolate(toColour, static_cast<float>(t));
+    }
+
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+
+    glDisable(GL_LIGHTING);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_ALPHA_TEST);
+    glDisable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_COLOR_MATERIAL);
+
+    // The quad reaches past the viewport on every side.
+    glPushMatrix();
+    glColor4fv(colour.data());
+    glBegin(GL_QUADS);
+    glTexCoord2f(0, 0);
+    glVertex2f(-2, -2);
+    glTexCoord2f(1, 0);
+    glVertex2f(2, -2);
+    glTexCoord2f(1, 1);
+    glVertex2f(2, 2);
+    glTexCoord2f(0, 1);
+    glVertex2f(-2, 2);
+    glEnd();
+    glPopMatrix();
+
+    glDisable(GL_BLEND);
+    glDisable(GL_ALPHA_TEST);
+    glDisable(GL_COLOR_MATERIAL);
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+}

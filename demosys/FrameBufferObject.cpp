@@ -1,0 +1,163 @@
+#include "demosys/FrameBufferObject.h"
+
+#include <GL/glew.h>
+
+#include <iostream>
+
+#include "demosys/QLNDemosys.h"
+#include "demosys/ScreenMetrics.h"
+#include "demosys/Texture.h"
+
+using std::cout;
+using std::endl;
+
+std::deque<FrameBufferObject*> FrameBufferObject::fboStack;
+
+namespace {
+// Deeper nesting than this is almost certainly a bind without its release.
+const size_t stackWarningDepth = 16;
+}
+
+FrameBufferObject::FrameBufferObject(int width, int height, bool depth, bool stencil)
+    : colorBuffer(nullptr), renderbuffer(0), framebuffer(0), depth(depth), stencil(stencil), debug(false),
+      width(width), height(height), valid(false) {
+    glGenFramebuffersEXT(1, &framebuffer);
+    colorBuffer = new Texture(width, height, GL_RGBA, GL_RGBA);
+    colorBuffer->setType(GL_TEXTURE_2D);
+    if (depth) glGenRenderbuffersEXT(1, &renderbuffer);
+    glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, framebuffer);
+    glFramebufferTexture2DEXT(GL_FRAMEBUFFER_EXT, GL_COLOR_ATTACHMENT0_EXT, GL_TEXTURE_2D, colorBuffer->getID(), 0);
+    if (depth) {
+        glBindRenderbufferEXT(GL_RENDERBUFFER_EXT, renderbuffer);
+        glRenderbufferStorageEXT(GL_RENDERBUFFER_EXT, GL_DEPTH_COMPONENT24, width, height);
+        glFramebufferRenderbufferEXT(GL_FRAMEBUFFER_EXT, GL_DEPTH_ATTACHMENT_EXT, GL_RENDERBUFFER_EXT, renderbuffer);
+    }
+    fboStatus();
+    glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
+}
+
+FrameBufferObject::~FrameBufferObject() {
+    delete colorBuffer;
+    if (depth) glDeleteRenderbuffersEXT(1, &renderbuffer);
+    if (framebuffer) glDeleteFramebuffersEXT(1, &framebuffer);
+}
+
+void FrameBufferObject::fboStatus() {
+    GLenum status = glCheckFramebufferStatusEXT(GL_FRAMEBUFFER_EXT);
+    switch (status) {
+        case GL_FRAMEBUFFER_COMPLETE_EXT:
+            statusMessage = "Framebuffer is complete.";
+            valid = true;
+            return;
+        case GL_FRAMEBUFFER_INCOMPLETE_ATTACHMENT_EXT:
+            statusMessage = "Framebuffer incomplete attachment";
+            break;
+        case GL_FRAMEBUFFER_INCOMPLETE_MISSING_ATTACHMENT_EXT:
+            statusMessage = "Framebuffer missing attachment";
+            break;
+        case GL_FRAMEBUFFER_INCOMPLETE_DIMENSIONS_EXT:
+            statusMessage = "Framebuffer unsupported dimension.";
+            break;
+        case GL_FRAMEBUFFER_INCOMPLETE_FORMATS_EXT:
+            statusMessage = "Framebuffer incoplete formats.";
+            break;
+        case GL_FRAMEBUFFER_INCOMPLETE_DRAW_BUFFER_EXT:
+            statusMessage = "Framebuffer incomplete draw buffer.";
+            break;
+        case GL_FRAMEBUFFER_INCOMPLETE_READ_BUFFER_EXT:
+            statusMessage = "Framebuffer incomplete read buffer";
+            break;
+        case GL_FRAMEBUFFER_UNSUPPORTED_EXT:
+            statusMessage = "Framebuffer unsupported. Try another format.";
+            break;
+        default:
+            statusMessage = "Unknown framebuffer errror.";
+            break;
+    }
+    cout << "FBO " << statusMessage << "(" << status << ")" << " = " << "false" << endl;
+    valid = false;
+}
+
+void FrameBufferObject::bind() {
+    if (debug) cout << "FBO Bind " << framebuffer << " - " << fboStack.size() << endl;
+    if (!valid) return;
+    fboStack.push_back(this);
+    if (fboStack.size() > stackWarningDepth) {
+        QLNDemosys::system_error = true;
+        cout << "FBO: Overflow? " << fboStack.size() << " in stack" << endl;
+    }
+    if (debug) cout << std::string(fboStack.size(), ' ') << "Binding : (" << framebuffer << ") " << toString() << endl;
+    glViewport(0, 0, width, height);
+    glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, framebuffer);
+}
+
+void FrameBufferObject::release() {
+    if (fboStack.empty()) {
+        QLNDemosys::system_error = true;
+        cout << "FBO : *** STACK ERROR : Stack is already empty. Possible underflow ***" << endl;
+        return;
+    }
+    if (fboStack.back() != this) {
+        cout << "FBO : *** STACK ERROR : " << toString() << " is not " << fboStack.back()->toString() << " ***"
+             << endl;
+        return;
+    }
+    fboStack.pop_back();
+    if (!fboStack.empty()) {
+        FrameBufferObject* outer = fboStack.back();
+        glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, outer->framebuffer);
+        glViewport(0, 0, outer->width, outer->height);
+        return;
+    }
+    if (debug) cout << "Stack is empty, ok!" << endl;
+    glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
+    if (QLNDemosys::screenMetrics) QLNDemosys::screenMetrics->setView();
+}
+
+void FrameBufferObject::draw(float s) {
+    if (!valid) return;
+    GLint matrixMode = GL_MODELVIEW;
+    glGetIntegerv(GL_MATRIX_MODE, &matrixMode);
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    colorBuffer->bind();
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    glBegin(GL_QUADS);
+    glTexCoord2f(0, 0);
+    glVertex2f(-s, -s);
+    glTexCoord2f(1, 0);
+    glVertex2f(s, -s);
+    glTexCoord2f(1, 1);
+    glVertex2f(s, s);
+    glTexCoord2f(0, 1);
+    glVertex2f(-s, s);
+    glEnd();
+    colorBuffer->release();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+    glMatrixMode(static_cast<GLenum>(matrixMode));
+}
+
+void FrameBufferObject::draw() { draw(1.0f); }
+
+void FrameBufferObject::clear() { glClear(depth ? GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT : GL_COLOR_BUFFER_BIT); }
+
+void FrameBufferObject::clearColorBuffer() { glClear(GL_COLOR_BUFFER_BIT); }
+
+void FrameBufferObject::clearRenderBuffer() { glClear(GL_DEPTH_BUFFER_BIT); }
+
+void FrameBufferObject::bindColorBuffer() { colorBuffer->bind(); }
+
+std::string FrameBufferObject::toString() const {
+    std::string text = "FrameBufferObject(" + std::to_string(width) + "," + std::to_string(height) + ",COLOR_BUFFER";
+    if (depth) text += ",DEPTH_BUFFER";
+    if (stencil) text += ",STENCIL_BUFFER";
+    return text + ")";
+}

@@ -1,0 +1,544 @@
+#include "demosys/ResourceLoader.h"
+
+#include <GL/glew.h>
+#include <iostream>
+#include <vector>
+
+#include "demosys/ActionPool.h"
+#include "demosys/Animation.h"
+#include "demosys/AnimationParser.h"
+#include "demosys/Binary.h"
+#include "demosys/Data.h"
+#include "demosys/DataAnimationPool.h"
+#include "demosys/DataBinaryPool.h"
+#include "demosys/DataEffectPool.h"
+#include "demosys/DataEventPool.h"
+#include "demosys/DataFBOPool.h"
+#include "demosys/DataObjectPool.h"
+#include "demosys/DataShaderPool.h"
+#include "demosys/DataTexturePool.h"
+#include "demosys/DemoScriptParser.h"
+#include "demosys/DisplayTexture.h"
+#include "demosys/Effect.h"
+#include "demosys/EventModifyEffect.h"
+#include "demosys/EventStartEffect.h"
+#include "demosys/EventStopEffect.h"
+#include "demosys/FadeEffect.h"
+#include "demosys/FrameBufferObject.h"
+#include "demosys/GLExtensions.h"
+#include "demosys/ParameterGroup.h"
+#include "demosys/Parameters.h"
+#include "demosys/ProgressBar.h"
+#include "demosys/QLNDemosys.h"
+#include "demosys/QLNScene.h"
+#include "demosys/QLNSceneLoader.h"
+#include "demosys/QLNTime.h"
+#include "demosys/ScreenMetrics.h"
+#include "demosys/Shader.h"
+#include "demosys/Texture.h"
+#include "demosys/Timeline.h"
+#include "qlnutils/File.h"
+#include "qlnutils/QLNUtils.h"
+#include "qlnutils/StringTokenizer.h"
+#include "qlnutils/StringUtils.h"
+
+using std::cout;
+using std::endl;
+using std::string;
+
+ResourceLoader::ResourceLoader(string scriptPath)
+    : parser(nullptr), scriptPath(scriptPath), errorMessage("ResourceLoader : unknown"), valid(true) {}
+
+ResourceLoader::~ResourceLoader() {}
+
+bool ResourceLoader::fail(const string& message) {
+    errorMessage = message;
+    valid = false;
+    return false;
+}
+
+void ResourceLoader::tick() {
+    if (QLNDemosys::pBar) QLNDemosys::pBar->tick();
+}
+
+ParameterGroup* ResourceLoader::systemGroup(const string& name) {
+    return QLNDemosys::parameters ? QLNDemosys::parameters->getGroup(name) : nullptr;
+}
+
+string ResourceLoader::path(const string& key) {
+    ParameterGroup* paths = systemGroup("paths");
+    return paths && paths->exist(key) ? paths->getParameter(key) : string();
+}
+
+bool ResourceLoader::createDataPools() {
+    cout << "[Creating DataPools]" << endl;
+    QLNDemosys::data = new Data();
+    QLNDemosys::objectPool = new DataObjectPool();
+    QLNDemosys::texturePool = new DataTexturePool();
+    QLNDemosys::animationPool = new DataAnimationPool();
+    QLNDemosys::effectTemplatePool = new DataEffectPool();
+    QLNDemosys::effectPool = new DataEffectPool();
+    QLNDemosys::eventPool = new DataEventPool();
+    QLNDemosys::binaryPool = new DataBinaryPool();
+    QLNDemosys::shaderPool = new DataShaderPool();
+    QLNDemosys::fboPool = new DataFBOPool();
+
+    cout << "[Creating Pool objects]" << endl;
+    Data* data = QLNDemosys::data;
+    data->addData("objectPool", QLNDemosys::objectPool);
+    data->addData("texturePool", QLNDemosys::texturePool);
+    data->addData("animationPool", QLNDemosys::animationPool);
+    data->addData("effectTemplatePool", QLNDemosys::effectTemplatePool);
+    data->addData("effectPool", QLNDemosys::effectPool);
+    data->addData("binaryPool", QLNDemosys::binaryPool);
+    QLNDemosys::action = new ActionPool();
+    data->addData("eventPool", QLNDemosys::eventPool);
+    data->addData("shaderPool", QLNDemosys::shaderPool);
+    data->addData("fboPool", QLNDemosys::fboPool);
+
+    cout << "[Adding effect templates]" << endl;
+    QLNDemosys::effectTemplatePool->addEffect("DisplayTexture", new DisplayTexture());
+    QLNDemosys::effectTemplatePool->addEffect("FadeEffect", new FadeEffect());
+
+    cout << "[Adding event templates]" << endl;
+    DataEventPool* events = static_cast<DataEventPool*>(data->getData("eventPool"));
+    events->addEvent("start", new EventStartEffect());
+    events->addEvent("stop", new EventStopEffect());
+    events->addEvent("modify", new EventModifyEffect());
+    return true;
+}
+
+bool ResourceLoader::parseConfig() {
+    cout << "[Creating DemoScriptParser]" << endl;
+    parser = new DemoScriptParser(scriptPath);
+    cout << "[Parsing defaults]" << endl;
+    parser->parseDefaults(true);
+    cout << "[Parsing demoscript]" << endl;
+    parser->parse();
+    if (!parser->isValid()) return fail(parser->getErrorMessage());
+
+    QLNDemosys::parameters = parser->getParameterGroup("system_parameters");
+    QLNDemosys::effects = parser->getParameterGroup("effect_parameters");
+
+    int ticks = 1;
+    for (const char* name : {"objects", "graphics", "animation", "binary", "framebuffers"}) {
+        ParameterGroup* group = systemGroup(name);
+        if (group) ticks += group->size();
+    }
+    ticks += 2;
+    if (!QLNDemosys::pBar)
+        QLNDemosys::setProgressBar(new ProgressBar(0.09f, 1.2f, 0.0f, ticks));
+    else
+        QLNDemosys::pBar->setTicks(ticks);
+    return true;
+}
+
+bool ResourceLoader::initScreen(ScreenMetrics* metrics, const char* title) {
+    ParameterGroup* screen = systemGroup("screen");
+    if (screen) {
+        if (screen->exist("fullscreen") && !metrics->getFullScreenOverride())
+            metrics->setFullscreen(QLNUtils::string2Int(screen->getParameter("fullscreen")) != 0);
+        if (screen->exist("near")) metrics->setNear(QLNUtils::string2Float(screen->getParameter("near")));
+        // The far plane is read whenever "near" is given, as the script format has always done.
+        if (screen->exist("near") && screen->exist("far"))
+            metrics->setFar(QLNUtils::string2Float(screen->getParameter("far")));
+        if (metrics->getWidth() == 0 || metrics->getHeight() == 0) {
+            cout << "No screen mode set. Attempting to read from demoscript" << endl;
+            if (screen->exist("width") && screen->exist("height")) {
+                metrics->setResolution(QLNUtils::string2Int(screen->getParameter("width")),
+                                       QLNUtils::string2Int(screen->getParameter("height")));
+            } else {
+                cout << "No screen mode defined in demoscript. Doing fallback screenmode." << endl;
+                metrics->setResolution(640, 480);
+            }
+        }
+    }
+
+    bool opened = metrics->isFullscreen() ? QLNDemosys::screenOpen(metrics)
+                                          : QLNDemosys::windowOpen(metrics, title, nullptr);
+    if (!opened) {
+        return fail("Failed to open screen : " + QLNUtils::int2string(metrics->getWidth()) + "x" +
+                    QLNUtils::int2string(metrics->getHeight()) + QLNDemosys::getMessage());
+    }
+    QLNDemosys::screenMetrics->initView();
+    QLNDemosys::screenMetrics->setView();
+    if (QLNDemosys::pBar) QLNDemosys::pBar->loadData();
+    cout << "[Supported OpenGL Extensions]" << endl;
+    QLNDemosys::glExtensions = new GLExtensions();
+    cout << QLNDemosys::glExtensions->toString();
+    if (QLNDemosys::pBar) QLNDemosys::pBar->draw();
+    return true;
+}
+
+bool ResourceLoader::loadSound() {
+    cout << "[Setting up sound]" << endl;
+    ParameterGroup* sound = systemGroup("sound");
+    // Without a sound group (or without "play") there is nothing to play.
+    if (!sound || !sound->exist("play") || sound->getParameter("play") != "1") return true;
+    string file = sound->exist("file") ? sound->getParameter("file") : string();
+    string soundPath = path("sound") + file;
+    cout << "Play : " << soundPath << endl;
+    if (file.empty() || !QLNDemosys::soundInit(soundPath.c_str()))
+        return fail("Failed to load sound!\nFile : '" + soundPath + "'");
+    tick();
+    return true;
+}
+
+bool ResourceLoader::createEffectObjects() {
+    cout << "[Create effect objects]" << endl;
+    DataEffectPool* effectPool = static_cast<DataEffectPool*>(QLNDemosys::data->getData("effectPool"));
+    DataEffectPool* templates = static_cast<DataEffectPool*>(QLNDemosys::data->getData("effectTemplatePool"));
+    Parameters* effects = QLNDemosys::effects;
+    for (int i = 0; effects && i < effects->size(); ++i) {
+        string name = effects->getKey(i);
+        ParameterGroup* group = effects->getValue(i);
+        string className = group->exist("class") ? group->getParameter("class") : string();
+        cout << "Creating instance of " << className << endl;
+        Effect* prototype = templates->getEffect(className);
+        // The script reader rejects unknown classes; a missing prototype is skipped, not followed.
+        if (!prototype) continue;
+        Effect* instance = prototype->getInstance();
+        instance->setParameters(group);
+        instance->init();
+        effectPool->addEffect(name, instance);
+    }
+    tick();
+    return true;
+}
+
+bool ResourceLoader::createTimeline() {
+    cout << "[Parsing timeline]" << endl;
+    QLNDemosys::timeline = parser->parseTimeline();
+    if (parser->isValid()) {
+        cout << "[Parsing timeline - DONE]" << endl;
+        QLNDemosys::timeline->init();
+        cout << "[Timeline init]" << endl;
+        tick();
+        return true;
+    }
+    errorMessage = parser->getErrorMessage();
+    return false;
+}
+
+bool ResourceLoader::initDemo() {
+    cout << "[Getting Startpos]" << endl;
+    ParameterGroup* system = systemGroup("system");
+    QLNTime start(system && system->exist("start") ? system->getParameter("start") : string("00:00:000"));
+    cout << "startpos = " << start.toString() << endl;
+    tick();
+    cout << "[Demo Init]" << endl;
+
+    ParameterGroup* sound = systemGroup("sound");
+    if (sound && sound->exist("play") && sound->getParameter("play") == "1") {
+        bool started = true;
+        if (start.getTicks() != 0) {
+            QLNDemosys::timeline->moveTo(start.getTicks());
+            // Playing from a position reports false even when it worked.
+            QLNDemosys::soundPlay(start.getTicks());
+        } else {
+            started = QLNDemosys::soundPlay();
+        }
+        if (!started) return fail("Failed to play sound");
+    }
+    return true;
+}
+
+bool ResourceLoader::reload() {
+    cout << "ResourceLoader::reload()" << endl;
+    cout << "Parsing demoscript..." << endl;
+    DemoScriptParser* fresh = new DemoScriptParser(scriptPath);
+    fresh->setDebug(false);
+    fresh->parseDefaults(true);
+    fresh->parse();
+    Timeline* timeline = nullptr;
+    if (fresh->isValid()) {
+        cout << "Parsing timeline..." << endl;
+        timeline = fresh->parseTimeline();
+        if (fresh->isValid()) {
+            timeline->init();
+            if (QLNDemosys::timeline) timeline->setOffset(QLNDemosys::timeline->getOffset());
+            delete QLNDemosys::timeline;
+            QLNDemosys::timeline = timeline;
+            QLNDemosys::action->removeAll();
+            cout << "ResourceLoader::reload() - Done" << endl;
+            delete fresh;
+            return true;
+        }
+    }
+    errorMessage = fresh->getErrorMessage();
+    delete timeline;
+    delete fresh;
+    return false;
+}
+
+void ResourceLoader::resetAllEffects() {
+    Parameters* effects = QLNDemosys::effects;
+    if (!effects || !QLNDemosys::data) return;
+    DataEffectPool* pool = static_cast<DataEffectPool*>(QLNDemosys::data->getData("effectPool"));
+    for (int i = 0; i < effects->size(); ++i) {
+        Effect* effect = pool->getEffect(effects->getKey(i));
+        if (effect) effect->reset();
+    }
+}
+
+void ResourceLoader::print() {
+    const char* hashes = "################################################################";
+    cout << hashes << endl;
+    cout << "# Resources                                                    #" << endl;
+    cout << hashes << endl;
+    cout << "--------------------- System parameters ------------------------" << endl;
+    cout << (QLNDemosys::parameters ? QLNDemosys::parameters->toString() : string("No Data")) << endl;
+    cout << "--------------------- DataPools --------------------------------" << endl;
+    cout << (QLNDemosys::data ? QLNDemosys::data->toString() : string("No Data")) << endl;
+    cout << "No Data" << endl;
+    cout << hashes << endl;
+}
+
+template <typename T>
+static void deleteStatic(T*& pointer, const char* line) {
+    if (!pointer) return;
+    cout << line << endl;
+    delete pointer;
+    pointer = nullptr;
+}
+
+bool ResourceLoader::dispose() {
+    delete parser;
+    parser = nullptr;
+    delete QLNDemosys::pBar;
+    QLNDemosys::pBar = nullptr;
+    cout << "[Deleting Pools]" << endl;
+    // Each static is cleared once deleted, so a second dispose or a late report stays harmless.
+    deleteStatic(QLNDemosys::parameters, "delete QLNDemosys::parameters");
+    deleteStatic(QLNDemosys::effects, "delete QLNDemosys::effects");
+    deleteStatic(QLNDemosys::data, "delete QLNDemosys::data");
+    QLNDemosys::objectPool = nullptr;
+    QLNDemosys::texturePool = nullptr;
+    QLNDemosys::animationPool = nullptr;
+    QLNDemosys::effectTemplatePool = nullptr;
+    QLNDemosys::effectPool = nullptr;
+    QLNDemosys::eventPool = nullptr;
+    QLNDemosys::binaryPool = nullptr;
+    QLNDemosys::shaderPool = nullptr;
+    QLNDemosys::fboPool = nullptr;
+    deleteStatic(QLNDemosys::timeline, "delete QLNDemosys::timeline");
+    deleteStatic(QLNDemosys::action, "delete QLNDemosys::action");
+    deleteStatic(QLNDemosys::glExtensions, "delete QLNDemosys::glExtensions");
+    return true;
+}
+
+// ---- Data files: every resource block of the script, in a fixed order.
+
+bool ResourceLoader::loadDataFiles() {
+    return loadShaders() && createFramebuffers() && loadGraphics() && loadBinaries() && loadObjects() &&
+           loadAnimations();
+}
+
+static std::vector<string> fields(const string& value) {
+    std::vector<string> result;
+    StringTokenizer tokens(value, ",");
+    while (tokens.hasMoreTokens()) result.push_back(StringUtils::trim(tokens.getNext()));
+    return result;
+}
+
+bool ResourceLoader::loadShaders() {
+    cout << "[Loading Shaders]" << endl;
+    ParameterGroup* shaders = systemGroup("shaders");
+    if (!shaders) {
+        cout << "No shaders to load" << endl;
+        return true;
+    }
+    string dir = path("shaders");
+    cout << "Shader path = " << dir << endl;
+    for (int i = 0; i < shaders->size(); ++i) {
+        string alias = shaders->getKey(i);
+        string name = shaders->getValue(i);
+        cout << "Loading shader " << alias << " = " << name << endl;
+        Shader* shader = new Shader();
+        File vertex(dir + name + ".vert", 0);
+        if (!vertex.exists()) {
+            delete shader;
+            return fail("Vertex shader '" + name + ".vert' not found");
+        }
+        if (!shader->setVertexSource(vertex.getAsString())) {
+            string log = shader->getErrorMessage();
+            delete shader;
+            return fail("Error while compiling vertex shader\nShader: " + name + ".vert\n" + log);
+        }
+        File fragment(dir + name + ".frag", 0);
+        if (!fragment.exists()) {
+            delete shader;
+            return fail("Fragement shader '" + name + ".frag' not found");
+        }
+        if (!shader->setFragmentSource(fragment.getAsString())) {
+            string log = shader->getErrorMessage();
+            delete shader;
+            return fail("Error while compiling fragment shader\nShader: " + name + ".frag\n" + log);
+        }
+        if (!shader->link()) {
+            string log = shader->getErrorMessage();
+            delete shader;
+            return fail("Error while linking shader pair\nShader: " + name + "\n" + log);
+        }
+        QLNDemosys::shaderPool->addShader(alias, shader);
+        cout << "Adding shader '" << alias << "' = " << shader->toString() << endl;
+        shader->use();
+        shader->release();
+    }
+    return true;
+}
+
+// A framebuffer size field: the screen's own size by name, or a whole number.
+static bool sizeField(const string& field, const char* word, int screenSize, int& size) {
+    if (field == word) {
+        size = screenSize;
+        return true;
+    }
+    if (!StringUtils::isInt(field)) return false;
+    size = QLNUtils::string2Int(field);
+    return true;
+}
+
+bool ResourceLoader::createFramebuffers() {
+    cout << "[Creating FramebufferObjects]" << endl;
+    ParameterGroup* framebuffers = systemGroup("framebuffers");
+    if (!framebuffers) {
+        cout << "No framebuffers to create" << endl;
+        return true;
+    }
+    ScreenMetrics* screen = QLNDemosys::screenMetrics;
+    for (int i = 0; i < framebuffers->size(); ++i) {
+        string alias = framebuffers->getKey(i);
+        string value = framebuffers->getValue(i);
+        std::vector<string> f = fields(value);
+        if (f.size() < 3 || f.size() > 5)
+            return fail("Wrong number of parameters in framebuffer block\nFramebuffer: " + alias +
+                        "\ndefined as : " + value +
+                        "\nValid syntax: width, height, COLOR_BUFFER [,DEPTH_BUFFER][,STENCIL_BUFFER]");
+        int width = 0, height = 0;
+        if (!sizeField(f[0], "width", screen ? screen->getWidth() : 0, width))
+            return fail("Frambuffer width is not an int\nFBO: " + alias + "\nvalue : " + f[0] +
+                        "\nValid syntax: 'width' or unsinged integer");
+        if (!sizeField(f[1], "height", screen ? screen->getHeight() : 0, height))
+            return fail("Frambuffer height is not an int\nFBO: " + alias + "\nvalue : " + f[1] +
+                        "\nValid syntax: 'height' or unsinged integer");
+        const char* expected[] = {"COLOR_BUFFER", "DEPTH_BUFFER", "STENCIL_BUFFER"};
+        for (size_t k = 2; k < f.size(); ++k) {
+            if (f[k] != expected[k - 2])
+                return fail("Wrong parameter for framebuffer '" + alias + "value: '" + f[k] + "expected : '" +
+                            expected[k - 2] + "'\n");
+        }
+        bool depth = f.size() >= 4;
+        bool stencil = f.size() == 5;
+        FrameBufferObject* fbo = new FrameBufferObject(width, height, depth, stencil);
+        cout << "Created '" << alias << "' with options '" << value << "' : object -> " << fbo->toString() << endl;
+        fbo->bind();
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        fbo->release();
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glMatrixMode(GL_MODELVIEW);
+        QLNDemosys::fboPool->addFBO(alias, fbo);
+    }
+    return true;
+}
+
+bool ResourceLoader::loadGraphics() {
+    cout << "[Loading Graphics]" << endl;
+    ParameterGroup* graphics = systemGroup("graphics");
+    if (!graphics) {
+        cout << "No image data" << endl;
+        return true;
+    }
+    string dir = path("gfx");
+    for (int i = 0; i < graphics->size(); ++i) {
+        string alias = graphics->getKey(i);
+        std::vector<string> f = fields(graphics->getValue(i));
+        string file = f.empty() ? string() : f[0];
+        unsigned int target = GL_TEXTURE_2D;
+        bool mipmap = false;
+        if (f.size() >= 2) {
+            if (f[1] == "GL_TEXTURE_1D") target = GL_TEXTURE_1D;
+            else if (f[1] == "GL_TEXTURE_2D") target = GL_TEXTURE_2D;
+            else if (f[1] == "GL_TEXTURE_3D") target = GL_TEXTURE_3D;
+            else
+                return fail("TexturePool: '" + alias + "' using wrong texture parameter '" + f[1] +
+                            "\nOptions : GL_TEXTURE_1D/2D/3D");
+        }
+        if (f.size() == 3) {
+            if (f[2] != "GEN_MIPMAP")
+                return fail("TexturePool: '" + alias + "' using wrong mipmap parameter " + f[2] +
+                            "\nOptions : GEN_MIPMAPS");
+            mipmap = true;
+        }
+        if (QLNDemosys::texturePool->isFileInPool(file)) continue;
+        cout << "Load : " << file << endl;
+        Texture* texture = QLNDemosys::loadTexture(dir + file, target, mipmap);
+        if (!texture) return fail("Failed to load texture!\nFile : '" + dir + file + "'");
+        texture->setFilename(file);
+        QLNDemosys::texturePool->addTexture(alias, texture);
+        tick();
+    }
+    return true;
+}
+
+bool ResourceLoader::loadBinaries() {
+    cout << "[Loading Binary Data]" << endl;
+    ParameterGroup* binary = systemGroup("binary");
+    if (!binary) {
+        cout << "No binary data" << endl;
+        return true;
+    }
+    string dir = path("misc");
+    for (int i = 0; i < binary->size(); ++i) {
+        string alias = binary->getKey(i);
+        string file = binary->getValue(i);
+        cout << "Loading binary : '" << file << endl;
+        Binary* blob = QLNDemosys::loadBinary(dir + file);
+        if (!blob) return fail("Failed to binary data!\nFile : '" + file + "'");
+        QLNDemosys::binaryPool->addData(alias, blob);
+    }
+    return true;
+}
+
+bool ResourceLoader::loadObjects() {
+    cout << "[Loading 3D Objects]" << endl;
+    ParameterGroup* objects = systemGroup("objects");
+    if (!objects) {
+        cout << "No objects" << endl;
+        return true;
+    }
+    string dir = path("object");
+    for (int i = 0; i < objects->size(); ++i) {
+        string alias = objects->getKey(i);
+        string file = objects->getValue(i);
+        cout << "Loading : '" << file << "'" << endl;
+        QLNSceneLoader loader(dir + file);
+        QLNScene* scene = loader.loadScene();
+        if (!loader.isValid()) return fail(loader.getErrorMessage());
+        QLNDemosys::objectPool->addObject(alias, scene);
+        tick();
+    }
+    return true;
+}
+
+bool ResourceLoader::loadAnimations() {
+    cout << "[Loading Animation Data]" << endl;
+    ParameterGroup* animation = systemGroup("animation");
+    if (!animation) {
+        cout << "No animation data" << endl;
+        return true;
+    }
+    string dir = path("misc");
+    for (int i = 0; i < animation->size(); ++i) {
+        string alias = animation->getKey(i);
+        string file = animation->getValue(i);
+        AnimationParser parser(dir + file);
+        Animation* result = parser.parse();
+        if (!parser.isValid()) return fail(parser.getErrorMessage());
+        QLNDemosys::animationPool->addAnimation(alias, result);
+        cout << "Loaded '" << file << "' using alias " << alias << endl;
+        tick();
+    }
+    return true;
+}

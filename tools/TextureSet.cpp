@@ -1,0 +1,31 @@
+#include "tools/TextureSet.h"
+
+#include "tools/LogoPainter.h"
+#include "tools/PatternPainter.h"
+#include "tools/PngWriter.h"
+#include "tools/SpacePainter.h"
+
+namespace qlntools {
+
+const std::vector<TextureSet::Entry>& TextureSet::entries() {
+    static const std::vector<Entry> list = {
+        {"logo.png", 4, [] { return LogoPainter::logo(); }},
+        {"title1.png", 3, [] { return LogoPainter::title(0); }},
+        {"title2.png", 3, [] { return LogoPainter::title(1); }},
+        {"title3.png", 3, [] { return LogoPainter::title(2); }},
+        {"tunnel_outer.png", 3, [] { return PatternPainter::tunnelOuter(); }},
+        {"tunnel_inner.png", 4, [] { return PatternPainter::tunnelInner(); }},
+        {"plasma.png", 3, [] { return PatternPainter::plasma(); }},
+        {"cubes.png", 3, [] { return PatternPainter::cubes(); }},
+        {"background.png", 3, [] { return SpacePainter::background(); }},
+    };
+    return list;
+}
+
+bool TextureSet::write(const std::string& folder, std::string& error) {
+    for (const Entry& e : entries())
+        if (!PngWriter::write(folder + "/" + e.file, e.paint(), e.channels, error)) return false;
+    return true;
+}
+
+}  // namespace qlntools
