@@ -9,6 +9,7 @@
 
 #include "demo/BouncingCubeEffect.h"
 #include "demosys/ActionPool.h"
+#include "gl/FrameBytes.h"
 #include "gl/GLState.h"
 #include "support/GLTestSupport.h"
 #include "support/TestSupport.h"
@@ -63,12 +64,9 @@ TEST_F(BouncingCubeEffectTest, AWhiteCubeInFrontOfTheViewWhateverTheCulling) {
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
 
     // Time plays no part.
-    std::vector<uint8_t> first(size_t(w) * h * 3), later(first.size());
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, w, h, GL_RGB, GL_UNSIGNED_BYTE, first.data());
+    const std::vector<uint8_t> first = framebytes::read(w, h);
     frame(12345);
-    glReadPixels(0, 0, w, h, GL_RGB, GL_UNSIGNED_BYTE, later.data());
-    EXPECT_TRUE(first == later);
+    EXPECT_TRUE(framebytes::same(first, framebytes::read(w, h)));
 }
 
 TEST_F(BouncingCubeEffectTest, LeavesItsPlacementOnTheModelViewMatrix) {

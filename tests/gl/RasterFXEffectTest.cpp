@@ -19,6 +19,7 @@
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
+#include "gl/FrameBytes.h"
 #include "gl/GLState.h"
 #include "support/GLTestSupport.h"
 #include "support/TestSupport.h"
@@ -65,12 +66,7 @@ std::string heightRows(size_t bytes, int from, int to, unsigned char value) {
     return map;
 }
 
-std::vector<uint8_t> frameBytes() {
-    std::vector<uint8_t> bytes(size_t(glstate::windowWidth()) * glstate::windowHeight() * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, glstate::windowWidth(), glstate::windowHeight(), GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
-    return bytes;
-}
+std::vector<uint8_t> frameBytes() { return framebytes::read(glstate::windowWidth(), glstate::windowHeight()); }
 
 }  // namespace
 
@@ -211,7 +207,7 @@ TEST_F(RasterFXEffectTest, MapRowsScrollTowardsTheViewerAndStartOverAfterRow99) 
     frame(4000);  // 75 rows on; 100 would pass row 99, so the next frame starts over
     EXPECT_TRUE(near(glstate::pixel(width / 2, bandMiddle), Rgb{0, 0, 0}, 1));
     frame(5000);
-    EXPECT_TRUE(first == frameBytes());
+    EXPECT_TRUE(framebytes::same(first, frameBytes()));
 }
 
 TEST_F(RasterFXEffectTest, AShortMapShowsWhatItHasAndTheRestAsHeightZero) {
@@ -226,7 +222,7 @@ TEST_F(RasterFXEffectTest, AShortMapShowsWhatItHasAndTheRestAsHeightZero) {
     action.removeAll();
     start("white", "short");
     frame(1000);
-    EXPECT_TRUE(whole == frameBytes());
+    EXPECT_TRUE(framebytes::same(whole, frameBytes()));
     for (unsigned int t = 1100; t <= 6000; t += 700) frame(t);  // every row offset reads past the end
 
     action.removeAll();
@@ -283,14 +279,12 @@ TEST_F(RasterFXEffectTest, ThePictureTurnsWithFrameTimeFromTheNextFrameOn) {
     frame(0);
     const std::vector<uint8_t> still = frameBytes();
     frame(0);
-    EXPECT_TRUE(still == frameBytes());
+    EXPECT_TRUE(framebytes::same(still, frameBytes()));
     frame(1000);  // the second layer turns by 24 degrees, from the next frame on
-    EXPECT_TRUE(still == frameBytes());
+    EXPECT_TRUE(framebytes::same(still, frameBytes()));
     frame(1000);
     const std::vector<uint8_t> turned = frameBytes();
-    size_t changed = 0;
-    for (size_t i = 0; i < still.size(); ++i) changed += still[i] != turned[i];
-    EXPECT_GT(changed, still.size() / 20);
+    EXPECT_GT(framebytes::differing(still, turned), still.size() / 20);
 }
 
 TEST_F(RasterFXEffectTest, DrawsThroughItsOwnProjectionIntoAFreshFeedbackTexture) {
