@@ -109,6 +109,8 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
                 return false;
             }
             pngLevel = static_cast<int>(n);
+        } else if (arg == "--timecodes") {
+            if (!value(timecodes)) return false;
         } else if (arg == "--no-audio") {
             audio = false;
         } else if (arg == "--overwrite") {
@@ -160,5 +162,6 @@ std::string CaptureOptions::usage() {
            "  --raw              one raw RGB24 video stream on standard output instead of PNG files\n"
            "  --png-level N      PNG compression 0-9 (default 1)\n"
            "  --no-audio         do not write audio.wav\n"
+           "  --timecodes FILE   list every written frame with its demo time in ms\n"
            "  --overwrite        replace files that exist (otherwise the capture refuses to start)\n";
 }

@@ -16,6 +16,7 @@ struct CaptureOptions {
     Format format = PNG;
     bool audio = true;
     bool overwrite = false;
+    std::string timecodes;       // file listing each written frame with its demo time, "" = none
     int pngLevel = 1;            // zlib level: fast by default, the frames are intermediates
     bool help = false;
 

@@ -17,13 +17,14 @@ FrameCapture::FrameCapture(const CaptureOptions& options, FrameSink* sink, Progr
     : options(options), sink(sink), progress(progress) {}
 
 FrameCapture::~FrameCapture() {
+    if (timecodes) std::fclose(timecodes);
     if (active == this) {
         QLNDemosys::setTickSource(nullptr);
         active = nullptr;
     }
 }
 
-void FrameCapture::begin(uint32_t offsetMs, uint32_t stopMs) {
+bool FrameCapture::begin(uint32_t offsetMs, uint32_t stopMs) {
     offset = offsetMs;
     stop = stopMs;
     // Demo time cannot go back before the start position: the first drawn frame is the
@@ -38,6 +39,8 @@ void FrameCapture::begin(uint32_t offsetMs, uint32_t stopMs) {
     runStarted = false;
     active = this;
     QLNDemosys::setTickSource(&FrameCapture::ticks);
+    if (!options.timecodes.empty()) timecodes = std::fopen(options.timecodes.c_str(), "w");
+    return options.timecodes.empty() || timecodes;
 }
 
 unsigned int FrameCapture::ticks() {
@@ -70,6 +73,7 @@ void FrameCapture::frameDrawn() {
             failure = true;
         } else {
             lastDone = frame;
+            if (timecodes) std::fprintf(timecodes, "%lld %u\n", static_cast<long long>(frame), QLNDemosys::getMillisecondsElapsed());
             ++count;
             if (progress) progress->frameDone();
         }

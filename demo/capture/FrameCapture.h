@@ -2,6 +2,7 @@
 // Drives demo time frame by frame and reads every finished frame back: frame k is drawn
 // at demo time floor(k * 1000 / fps), however long drawing and writing take.
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ public:
     ~FrameCapture();
 
     // Installs the clock; offset is where the timeline starts (the script's start position).
-    void begin(uint32_t offsetMs, uint32_t stopMs);
+    bool begin(uint32_t offsetMs, uint32_t stopMs);
     // Called by the demo driver between drawing and swapping.
     void frameDrawn();
 
@@ -41,4 +42,5 @@ private:
     uint32_t stop = 0;
     bool failure = false;
     bool runStarted = false;
+    std::FILE* timecodes = nullptr;
 };

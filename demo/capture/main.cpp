@@ -69,6 +69,12 @@ static std::string audioName(const CaptureOptions& options) {
 // The output folder must exist (it is created) and take files; nothing in it is replaced
 // unless the user asks for it.
 static bool prepareOutput(const CaptureOptions& options, std::string& error) {
+    if (!options.timecodes.empty() && !options.overwrite && fs::exists(options.timecodes)) {
+        error = "'" + options.timecodes + "' would be overwritten; remove it or pass --overwrite";
+        return false;
+    }
+    // Raw video without sound writes nothing into the folder.
+    if (options.format == CaptureOptions::RAW && !options.audio) return true;
     std::error_code code;
     fs::create_directories(options.outDir, code);
     if (!fs::is_directory(options.outDir)) {
@@ -165,8 +171,10 @@ int main(int argc, char** argv) {
         status = 1;
     } else {
         uint32_t stop = scriptStopTime();
-        capture.begin(QLNDemosys::timeline ? QLNDemosys::timeline->getOffset() : 0, stop);
-        if (capture.firstWritten() > options.lastFrame && options.lastFrame >= 0) {
+        if (!capture.begin(QLNDemosys::timeline ? QLNDemosys::timeline->getOffset() : 0, stop)) {
+            std::cerr << "democapture: cannot write the time codes to '" << options.timecodes << "'" << std::endl;
+            status = 2;
+        } else if (capture.firstWritten() > options.lastFrame && options.lastFrame >= 0) {
             std::cerr << "democapture: the range starts before the demo's start position" << std::endl;
             status = 2;
         } else if (CaptureOptions::frameTime(capture.firstWritten(), options.fps) > stop) {
@@ -175,8 +183,7 @@ int main(int argc, char** argv) {
             status = 2;
         } else {
             std::cerr << "democapture: " << options.width << "x" << options.height << " at " << options.fps
-                      << " fps from frame " << capture.firstWritten() << " (" << QLNTime(CaptureOptions::frameTime(capture.firstWritten(), options.fps)).toString()
-                      << ")" << std::endl;
+                      << " fps from frame " << capture.firstWritten() << std::endl;
             demo.setFrameObserver([&capture] { capture.frameDrawn(); });
             demo.run();
             bool written = sink->finish();
