@@ -1,0 +1,219 @@
+#include "demo/CubeChaos.h"
+
+#include <GL/glew.h>
+#include <cmath>
+
+#include "demosys/DataFBOPool.h"
+#include "demosys/FrameBufferObject.h"
+#include "demosys/ParameterGroup.h"
+#include "demosys/QLNDemosys.h"
+#include "demosys/Texture.h"
+#include "qlnutils/QLNUtils.h"
+
+namespace {
+
+// A missing argument reads as empty text: a zero number, no such framebuffer.
+std::string argument(ParameterGroup* params, const std::string& key) {
+    if (params == nullptr || !params->exist(key)) return std::string();
+    return params->getParameter(key);
+}
+
+float number(ParameterGroup* params, const std::string& key) {
+    return QLNUtils::string2Float(argument(params, key));
+}
+
+int integer(ParameterGroup* params, const std::string& key) {
+    return QLNUtils::string2Int(argument(params, key));
+}
+
+const float kCubeHalfSize = 0.038f;
+
+}  // namespace
+
+CubeChaos::CubeChaos()
+    : Effect(),
+      rotation(0),
+      rotationSpeed(0.4f),
+      elapsed(0),
+      positionX(0),
+      positionY(0),
+      positionZ(0),
+      countA(50),
+      countB(50),
+      intensity(1.0f),
+      buffer(nullptr) {}
+
+CubeChaos::~CubeChaos() {}
+
+Effect* CubeChaos::getInstance() { return new CubeChaos(); }
+
+void CubeChaos::reset() {
+    rotation = 0;
+    rotationSpeed = 0.4f;
+    elapsed = 0;
+}
+
+void CubeChaos::init() {
+    reset();
+    positionX = number(parameters, "xpos");
+    positionY = number(parameters, "ypos");
+    positionZ = number(parameters, "zpos");
+}
+
+void CubeChaos::setPosition(float x, float y, float z) {
+    positionX = x;
+    positionY = y;
+    positionZ = z;
+}
+
+CubeChaos* CubeChaos::setCubeCount(int a, int b) {
+    countA = a;
+    countB = b;
+    return this;
+}
+
+CubeChaos* CubeChaos::setRotation(float degrees) {
+    rotation = degrees;
+    return this;
+}
+
+void CubeChaos::setRotationSpeed(float degreesPerMs) { rotationSpeed = degreesPerMs; }
+
+CubeChaos* CubeChaos::setIntensity(float value) {
+    intensity = value;
+    return this;
+}
+
+void CubeChaos::modify(std::string method, ParameterGroup* params) {
+    if (method == "setPosition") {
+        setPosition(number(params, "p2"), number(params, "p3"), number(params, "p4"));
+    } else if (method == "setCubeCount") {
+        setCubeCount(integer(params, "p2"), integer(params, "p3"));
+    } else if (method == "setBuffer") {
+        buffer = QLNDemosys::fboPool != nullptr ? QLNDemosys::fboPool->getFBO(argument(params, "p2")) : nullptr;
+    } else if (method == "setIntensity") {
+        setIntensity(number(params, "p2"));
+    }
+}
+
+void CubeChaos::draw(unsigned int time) {
+    glClearColor(0, 0, 0, 0);
+    // Without a complete source picture there is nothing to break up.
+    if (buffer == nullptr || !buffer->isValid() || buffer->getColorBuffer() == nullptr) return;
+
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT0);
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
+    glShadeModel(GL_SMOOTH);
+    glEnable(GL_DEPTH_TEST);
+    glMatrixMode(GL_MODELVIEW);
+
+    const GLfloat ambient[] = {0.2f, 0.2f, 0.2f, 1.0f};
+    const GLfloat diffuse[] = {1.0f, 1.0f, 0.0f, 1.0f};  // yellow on purpose
+    const GLfloat position[] = {0.5f, 0.5f, 10.0f, 0.0f};
+    glLightfv(GL_LIGHT0, GL_AMBIENT, ambient);
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, diffuse);
+    glLightfv(GL_LIGHT0, GL_POSITION, position);
+    glEnable(GL_COLOR_MATERIAL);
+    glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
+    glColor4f(1, 1, 1, 1);
+
+    Texture* picture = buffer->getColorBuffer();
+    picture->bind();
+
+    const double du = 1.0 / countA;
+    const double dv = 1.0 / countB;
+    const double t = double(time);
+    for (int a = 0; a < countB; ++a) {
+        const double phase = t / 400.0 + (t / 10000.0 + 0.2) * a;
+        const double speed = t / 10000.0;
+        // The cell's u origin steps by the row count while its width is 1 / countA.
+        const float u = float(a * dv);
+        const float axisX = float(a * 0.34);
+        for (int b = 0; b < countA; ++b) {
+            glLoadIdentity();
+            const double s = std::sin(phase - (speed + 0.1) * b);
+            glTranslatef(float(positionX + a * 0.1), float(positionY + b * 0.1), float(s * intensity + positionZ));
+            glRotatef(float(rotation + a * 175.0 + b * 87.0), axisX, float(b * 0.87), 0.1f);
+            drawCube(u, float(b * du), float(du), float(dv), kCubeHalfSize);
+        }
+    }
+
+    picture->release();
+    buffer->bind();
+    buffer->clear();
+    buffer->release();
+
+    const float frameTime = getFrameTime(time);
+    rotation += rotationSpeed * frameTime;
+    elapsed += frameTime;
+
+    // Lighting, culling and depth testing stay on for the effects that follow.
+    glDisable(GL_COLOR_MATERIAL);
+}
+
+void CubeChaos::drawCube(float u, float v, float du, float dv, float h) {
+    glBegin(GL_QUADS);
+    glNormal3f(0, 0, 1);
+    glTexCoord2f(u, v);
+    glVertex3f(-h, -h, h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(h, -h, h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(h, h, h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(-h, h, h);
+    glColor4f(1, 1, 1, 1);
+
+    glNormal3f(0, 0, -1);
+    glTexCoord2f(u, v);
+    glVertex3f(-h, -h, -h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(-h, h, -h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(h, h, -h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(h, -h, -h);
+
+    glNormal3f(0, 1, 0);
+    glTexCoord2f(u, v);
+    glVertex3f(-h, h, -h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(-h, h, h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(h, h, h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(h, h, -h);
+
+    glNormal3f(0, -1, 0);
+    glTexCoord2f(u, v);
+    glVertex3f(-h, -h, -h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(h, -h, -h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(h, -h, h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(-h, -h, h);
+
+    glNormal3f(1, 0, 0);
+    glTexCoord2f(u, v);
+    glVertex3f(h, -h, -h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(h, h, -h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(h, h, h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(h, -h, h);
+
+    glNormal3f(-1, 0, 0);
+    glTexCoord2f(u, v);
+    glVertex3f(-h, -h, -h);
+    glTexCoord2f(u, v + dv);
+    glVertex3f(-h, -h, h);
+    glTexCoord2f(u + du, v + dv);
+    glVertex3f(-h, h, h);
+    glTexCoord2f(u + du, v);
+    glVertex3f(-h, h, -h);
+    glEnd();
+}
