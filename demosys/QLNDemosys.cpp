@@ -181,10 +181,14 @@ Texture* QLNDemosys::loadTexture(std::string filename, unsigned int target, bool
     glGenTextures(1, &id);
     if (target == GL_TEXTURE_1D || target == GL_TEXTURE_2D) {
         glBindTexture(target, id);
+        // Decoded rows are packed tight: a 24-bit picture of odd width has no row padding.
+        glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
+        glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
         if (target == GL_TEXTURE_1D)
             uploadTexture1D(image);
         else
             uploadTexture2D(image, mipmap);
+        glPopClientAttrib();
         for (GLenum code = glGetError(); code != GL_NO_ERROR; code = glGetError())
             std::cout << "[GL_ERROR] '" << errorText(code) << "' in ->" << filename << std::endl;
     }

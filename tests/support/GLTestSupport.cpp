@@ -3,10 +3,6 @@
 #include <SDL/SDL.h>
 #include <cstdio>
 
-// Mesa unloads its driver before LeakSanitizer walks the heap, which turns the
-// driver's own allocations into unreadable leak reports. Keeping every shared
-// object loaded in the test binaries keeps those reports symbolised and suppressible.
-extern "C" int dlclose(void*) { return 0; }
 
 namespace testsupport {
 
