@@ -70,6 +70,11 @@ string ResourceLoader::path(const string& key) {
     return paths && paths->exist(key) ? paths->getParameter(key) : string();
 }
 
+void ResourceLoader::deleteCollections(DemoScriptParser* from) {
+    delete from->getParameterGroup("system_parameters");
+    delete from->getParameterGroup("effect_parameters");
+}
+
 bool ResourceLoader::createDataPools() {
     cout << "[Creating DataPools]" << endl;
     QLNDemosys::data = new Data();
@@ -115,7 +120,11 @@ bool ResourceLoader::parseConfig() {
     parser->parseDefaults(true);
     cout << "[Parsing demoscript]" << endl;
     parser->parse();
-    if (!parser->isValid()) return fail(parser->getErrorMessage());
+    if (!parser->isValid()) {
+        // The collections belong to whoever takes them; a failed script hands them to nobody.
+        deleteCollections(parser);
+        return fail(parser->getErrorMessage());
+    }
 
     QLNDemosys::parameters = parser->getParameterGroup("system_parameters");
     QLNDemosys::effects = parser->getParameterGroup("effect_parameters");
@@ -261,12 +270,15 @@ bool ResourceLoader::reload() {
             QLNDemosys::timeline = timeline;
             QLNDemosys::action->removeAll();
             cout << "ResourceLoader::reload() - Done" << endl;
+            // Only the timeline is taken over: parameters and effects stay as loaded.
+            deleteCollections(fresh);
             delete fresh;
             return true;
         }
     }
     errorMessage = fresh->getErrorMessage();
     delete timeline;
+    deleteCollections(fresh);
     delete fresh;
     return false;
 }

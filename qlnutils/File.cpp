@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <iterator>
 
 File::File(const char* name, int mode) : filename(name ? name : ""), mode(mode) { open(); }
@@ -20,12 +21,22 @@ void File::open() {
         case OVERWRITE: how |= std::ios::out | std::ios::trunc; break;
         default: how |= std::ios::in; break;
     }
+    // A folder opens like a file but fails on the first read: it is no file to us.
+    std::error_code ignored;
+    if (std::filesystem::is_directory(filename, ignored)) {
+        existsFlag = false;
+        return;
+    }
     auto opened = std::make_unique<std::fstream>(filename, how);
     existsFlag = opened->is_open();
     if (!existsFlag) return;
     stream = std::move(opened);
     if (mode == READ) {
-        data.assign(std::istreambuf_iterator<char>(*stream), std::istreambuf_iterator<char>());
+        try {
+            data.assign(std::istreambuf_iterator<char>(*stream), std::istreambuf_iterator<char>());
+        } catch (const std::ios_base::failure&) {
+            data.clear();  // an unreadable file reads as empty
+        }
         size = static_cast<unsigned int>(data.size());
     }
 }

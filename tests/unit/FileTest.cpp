@@ -44,6 +44,14 @@ TEST(FileTest, MissingFileDoesNotExistAndHasNoBytes) {
     EXPECT_FALSE(unwritable.write());
 }
 
+TEST(FileTest, AFolderIsNotAFileToRead) {
+    TempDir dir;
+    dir.write("inside/file.txt", "x");
+    File folder(dir.file("inside"), 0);
+    EXPECT_FALSE(folder.exists());
+    EXPECT_EQ(folder.getFileSize(), 0u);
+}
+
 TEST(FileTest, SplitsLinesAtLineFeedOrCarriageReturnLineFeed) {
     TempDir dir;
     File unix(dir.write("unix.txt", "first\nsecond\n\nfourth\n"), File::READ);
