@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# The real demo program on the bundled starter script (resources/scripts/demoscript.txt,
-# the default): every resource loads, the timeline parses, and the demo plays to its
+# The real demo program on the bundled starter script (resources/scripts/starter.txt): every resource loads, the timeline parses, and the demo plays to its
 # stop time of 00:09:600 and shuts down without an error message.
 set -u
 src=${QLN_SOURCE_DIR:-$(cd "$(dirname "$0")/../.." && pwd)}
@@ -14,7 +13,7 @@ check() {  # check DESCRIPTION command...
   if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); echo "FAIL: $what"; fi
 }
 
-(cd "$src" && SDL_AUDIODRIVER=dummy "$src/tests/support/with-display.sh" timeout 120 "$bin/demo") > "$log" 2>&1
+(cd "$src" && SDL_AUDIODRIVER=dummy "$src/tests/support/with-display.sh" timeout 120 "$bin/demo" starter.txt) > "$log" 2>&1
 rc=$?
 check "exit code $rc" test "$rc" -eq 0
 for line in "Adding shader 'simple'" "Created 'scene' with options '512, 512, COLOR_BUFFER, DEPTH_BUFFER'" \

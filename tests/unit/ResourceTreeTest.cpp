@@ -118,8 +118,10 @@ TEST(ResourceTree, EveryDefinitionDeclaresTypedParametersWithValidDefaults) {
     }
 }
 
-TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) {
-    std::string text = testsupport::readFile(resources() + "/scripts/demoscript.txt");
+// Every file a bundled script names exists, and every call matches its class's definition.
+static void checkScript(const std::string& name, int expectedCheckpoints) {
+    SCOPED_TRACE(name);
+    std::string text = testsupport::readFile(resources() + "/scripts/" + name);
     ASSERT_EQ(text.rfind("{QLNDS1}\n", 0), 0u);
     text = withoutComments(text.substr(9));
     std::vector<std::string> pieces = split(text, "{}");
@@ -205,5 +207,9 @@ TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) {
         }
     }
     EXPECT_GT(calls, 10);
-    EXPECT_EQ(checkpoints, 3);
+    EXPECT_EQ(checkpoints, expectedCheckpoints);
 }
+
+TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) { checkScript("starter.txt", 3); }
+
+TEST(ResourceTree, BundledDemoNamesExistingFilesAndDeclaredMethods) { checkScript("demoscript.txt", 10); }
