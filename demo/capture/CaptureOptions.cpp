@@ -111,6 +111,9 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
             pngLevel = static_cast<int>(n);
         } else if (arg == "--timecodes") {
             if (!value(timecodes)) return false;
+        } else if (arg == "--discard") {
+            discard = true;
+            audio = false;
         } else if (arg == "--no-audio") {
             audio = false;
         } else if (arg == "--overwrite") {
@@ -161,6 +164,7 @@ std::string CaptureOptions::usage() {
            "  --out DIR          output folder (default ./capture), created if missing\n"
            "  --raw              one raw RGB24 video stream on standard output instead of PNG files\n"
            "  --png-level N      PNG compression 0-9 (default 1)\n"
+           "  --discard          draw every frame but write nothing (measures drawing alone)\n"
            "  --no-audio         do not write audio.wav\n"
            "  --timecodes FILE   list every written frame with its demo time in ms\n"
            "  --overwrite        replace files that exist (otherwise the capture refuses to start)\n";

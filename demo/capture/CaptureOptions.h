@@ -15,6 +15,7 @@ struct CaptureOptions {
     std::string outDir = "capture";
     Format format = PNG;
     bool audio = true;
+    bool discard = false;        // draw every frame but read none back (to measure drawing alone)
     bool overwrite = false;
     std::string timecodes;       // file listing each written frame with its demo time, "" = none
     int pngLevel = 1;            // zlib level: fast by default, the frames are intermediates

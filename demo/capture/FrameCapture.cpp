@@ -69,11 +69,12 @@ bool FrameCapture::readBack(std::vector<uint8_t>& rgb) {
 void FrameCapture::frameDrawn() {
     if (frame >= first && frame <= last && !failure) {
         std::vector<uint8_t> rgb;
-        if (!readBack(rgb) || !sink->put(frame, std::move(rgb))) {
+        if (!options.discard && !(readBack(rgb) && sink->put(frame, std::move(rgb)))) {
             failure = true;
         } else {
             lastDone = frame;
-            if (timecodes) std::fprintf(timecodes, "%lld %u\n", static_cast<long long>(frame), QLNDemosys::getMillisecondsElapsed());
+            if (timecodes)
+                std::fprintf(timecodes, "%lld %u\n", static_cast<long long>(frame), QLNDemosys::getMillisecondsElapsed());
             ++count;
             if (progress) progress->frameDone();
         }

@@ -10,8 +10,9 @@ ProgressReport::ProgressReport(int64_t total)
       lastDrawn(started) {}
 
 void ProgressReport::frameDone() {
-    ++done;
     auto now = std::chrono::steady_clock::now();
+    // The rate counts from the first written frame: frames drawn before the range are not its cost.
+    if (done++ == 0) started = lastDrawn = now;
     // A terminal gets a live line; a log file gets a line every few seconds.
     auto every = interactive ? std::chrono::milliseconds(200) : std::chrono::milliseconds(5000);
     if (now - lastDrawn >= every) {
@@ -31,7 +32,7 @@ static std::string clock(double seconds) {
 
 void ProgressReport::draw(bool final) {
     double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-    double rate = elapsed > 0 ? done / elapsed : 0;
+    double rate = elapsed > 0 && done > 1 ? (done - 1) / elapsed : 0;
     const int width = 30;
     std::string bar;
     std::string counts = std::to_string(done);

@@ -73,8 +73,8 @@ static bool prepareOutput(const CaptureOptions& options, std::string& error) {
         error = "'" + options.timecodes + "' would be overwritten; remove it or pass --overwrite";
         return false;
     }
-    // Raw video without sound writes nothing into the folder.
-    if (options.format == CaptureOptions::RAW && !options.audio) return true;
+    // Raw video without sound, or nothing written at all, needs no folder.
+    if ((options.format == CaptureOptions::RAW || options.discard) && !options.audio) return true;
     std::error_code code;
     fs::create_directories(options.outDir, code);
     if (!fs::is_directory(options.outDir)) {
