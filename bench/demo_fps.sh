@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Frame rates of the bundled demo, measured with the capture program's driven clock:
+#  - per scene: drawing alone (--discard), at 640x480 under Xvfb;
+#  - the whole demo written as raw video and as PNG files, at 640x480 and 1280x720,
+#    next to the same frames drawn without writing;
+#  - time from launch to the first frame of the demo program.
+# Usage: bash bench/demo_fps.sh [build dir]   (run from anywhere; prints a table)
+set -euo pipefail
+src=$(cd "$(dirname "$0")/.." && pwd)
+bin=${1:-$src/build}
+cd "$src"
+export SDL_AUDIODRIVER=dummy
+tmp=$(mktemp -d)
+trap 'rm -rf "$tmp"' EXIT
+
+rate() {  # the frames-per-second figure of democapture's final progress line
+  sed -n 's/.* frames  \([0-9.]*\) fps.*/\1/p' "$1" | tail -n 1
+}
+
+capture() {  # capture LOG ARGS...: runs one capture under a private X server
+  local log=$1; shift
+  env -u DISPLAY "$bin/democapture" "$@" --no-audio > /dev/null 2> "$log"
+}
+
+echo "== Drawing alone, per scene (640x480, 60 fps demo time)"
+printf '%-28s %10s\n' "scene" "frames/s"
+scenes=("intro 00:00:000 00:07:680" "build-up 00:07:680 00:15:360" "tunnel 00:15:360 00:23:040"
+        "landscape+scroller 00:23:040 00:30:720" "cube-wall 00:30:720 00:38:400" "cube+flip 00:38:400 00:46:080"
+        "greetings 00:46:080 00:53:760" "tunnel-2 00:53:760 01:01:440" "landscape-2 01:01:440 01:09:120"
+        "outro 01:09:120 01:16:320")
+for scene in "${scenes[@]}"; do
+  set -- $scene
+  capture "$tmp/scene.log" --discard --from "$2" --to "$3"
+  printf '%-28s %10s\n' "$1" "$(rate "$tmp/scene.log")"
+done
+
+echo
+echo "== The whole demo, written (60 fps demo time)"
+printf '%-12s %-10s %10s\n' "size" "output" "frames/s"
+for size in 640x480 1280x720; do
+  capture "$tmp/d.log" --discard --size "$size"
+  printf '%-12s %-10s %10s\n' "$size" "none" "$(rate "$tmp/d.log")"
+  env -u DISPLAY "$bin/democapture" --raw --no-audio --size "$size" 2> "$tmp/r.log" > /dev/null
+  printf '%-12s %-10s %10s\n' "$size" "raw" "$(rate "$tmp/r.log")"
+  capture "$tmp/p.log" --size "$size" --out "$tmp/png-$size"
+  printf '%-12s %-10s %10s\n' "$size" "png" "$(rate "$tmp/p.log")"
+  rm -rf "$tmp/png-$size"
+done
+
+echo
+echo "== Launch to first frame of the demo program (bundled demo, Xvfb)"
+for i in 1 2 3; do
+  start=$(date +%s%N)
+  xvfb-run -a -s "-screen 0 1280x720x24 -noreset" stdbuf -oL "$bin/demo" > "$tmp/launch.log" 2>&1 &
+  runner=$!
+  until grep -qxF "[Demo Init]" "$tmp/launch.log" 2>/dev/null; do sleep 0.01; done
+  echo "run $i: $(( ($(date +%s%N) - start) / 1000000 )) ms to the first frame"
+  pkill -f "$bin/demo" || true
+  wait "$runner" 2>/dev/null || true
+done
