@@ -1,6 +1,7 @@
 // The timeline language: the raw timeline block becomes events and checkpoints.
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "demosys/DataEventPool.h"
 #include "demosys/DemoScriptParser.h"
@@ -11,7 +12,6 @@
 #include "demosys/QLNTime.h"
 #include "demosys/ScriptDefaults.h"
 #include "demosys/Timeline.h"
-#include "qlnutils/QLNUtils.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 
@@ -67,7 +67,7 @@ bool DemoScriptParser::readCall(Timeline* timeline, DataEventPool* templates, co
     int count = 0;
     while (pieces.hasMoreTokens()) {
         std::string argument = StringUtils::trim(pieces.getNext());
-        arguments->addParameter("p" + QLNUtils::int2string(++count), argument);
+        arguments->addParameter("p" + std::to_string(++count), argument);
         logged += "'" + argument + "', ";
     }
     if (debug) std::cout << "object = '" << object << "' method = '" << method << "' params = " << logged << std::endl;
@@ -112,15 +112,15 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
     }
     if (count != signature->size()) {
         fail("Error while parsing Timeline!\nobject : " + object + "\nmethod : " + method +
-             "\nCause : Wrong number of arguments (" + QLNUtils::int2string(count) + ")\n");
+             "\nCause : Wrong number of arguments (" + std::to_string(count) + ")\n");
         return false;
     }
 
     std::unique_ptr<QLNTime> eventTime;
     for (int i = 0; i < count; ++i) {
-        std::string position = forceStringLength(QLNUtils::int2string(i), 2);
+        std::string position = forceStringLength(std::to_string(i), 2);
         std::string type = signature->exist(position) ? signature->getParameter(position) : "";
-        std::string key = "p" + QLNUtils::int2string(i + 1);
+        std::string key = "p" + std::to_string(i + 1);
         std::string value = arguments->getParameter(key);
         std::string problem;
         bool toStandardError = false;
@@ -150,7 +150,7 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
             }
         }
         if (!problem.empty()) {
-            std::string message = errorStringOMP(object, method, value) + " (" + QLNUtils::int2string(i) + ")\n" + problem;
+            std::string message = errorStringOMP(object, method, value) + " (" + std::to_string(i) + ")\n" + problem;
             if (toStandardError) std::cerr << message << std::flush;
             fail(message);
             return false;

@@ -2,12 +2,12 @@
 
 #include <exception>
 #include <memory>
+#include <string>
 
 #include "demosys/EffectDefinition.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/Parameters.h"
 #include "qlnutils/File.h"
-#include "qlnutils/QLNUtils.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 
@@ -25,7 +25,7 @@ void replaceGroup(Parameters* collection, const std::string& name, ParameterGrou
 
 // Argument positions as two digits so that key order is argument order.
 std::string positionKey(int position) {
-    std::string key = QLNUtils::int2string(position);
+    std::string key = std::to_string(position);
     while (key.length() < 2) key = "0" + key;
     return key;
 }

@@ -1,30 +1,38 @@
 #include "demosys/FrameBufferObject.h"
 
 #include <GL/glew.h>
-
+#include <algorithm>
 #include <iostream>
+#include <sstream>
 
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScreenMetrics.h"
 #include "demosys/Texture.h"
 
-using std::cout;
-using std::endl;
-
 std::deque<FrameBufferObject*> FrameBufferObject::fboStack;
 
 namespace {
-// Deeper nesting than this is almost certainly a bind without its release.
-const size_t stackWarningDepth = 16;
-}
+
+// Deeper nesting than any effect chain needs points at binds without releases.
+const size_t maxStackDepth = 16;
+
+}  // namespace
 
 FrameBufferObject::FrameBufferObject(int width, int height, bool depth, bool stencil)
-    : colorBuffer(nullptr), renderbuffer(0), framebuffer(0), depth(depth), stencil(stencil), debug(false),
-      width(width), height(height), valid(false) {
+    : colorBuffer(nullptr),
+      renderbuffer(0),
+      framebuffer(0),
+      depth(depth),
+      stencil(stencil),
+      debug(false),
+      width(width),
+      height(height),
+      valid(false) {
     glGenFramebuffersEXT(1, &framebuffer);
     colorBuffer = new Texture(width, height, GL_RGBA, GL_RGBA);
     colorBuffer->setType(GL_TEXTURE_2D);
     if (depth) glGenRenderbuffersEXT(1, &renderbuffer);
+
     glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, framebuffer);
     glFramebufferTexture2DEXT(GL_FRAMEBUFFER_EXT, GL_COLOR_ATTACHMENT0_EXT, GL_TEXTURE_2D, colorBuffer->getID(), 0);
     if (depth) {
@@ -37,9 +45,11 @@ FrameBufferObject::FrameBufferObject(int width, int height, bool depth, bool ste
 }
 
 FrameBufferObject::~FrameBufferObject() {
+    // A target deleted while still bound must not stay behind on the stack.
+    fboStack.erase(std::remove(fboStack.begin(), fboStack.end(), this), fboStack.end());
     delete colorBuffer;
-    if (depth) glDeleteRenderbuffersEXT(1, &renderbuffer);
-    if (framebuffer) glDeleteFramebuffersEXT(1, &framebuffer);
+    if (depth && renderbuffer != 0) glDeleteRenderbuffersEXT(1, &renderbuffer);
+    if (framebuffer != 0) glDeleteFramebuffersEXT(1, &framebuffer);
 }
 
 void FrameBufferObject::fboStatus() {
@@ -74,19 +84,21 @@ void FrameBufferObject::fboStatus() {
             statusMessage = "Unknown framebuffer errror.";
             break;
     }
-    cout << "FBO " << statusMessage << "(" << status << ")" << " = " << "false" << endl;
+    std::cout << "FBO " << statusMessage << "(" << status << ")" << " = " << "false" << std::endl;
     valid = false;
 }
 
 void FrameBufferObject::bind() {
-    if (debug) cout << "FBO Bind " << framebuffer << " - " << fboStack.size() << endl;
+    if (debug) std::cout << "FBO Bind " << framebuffer << " - " << fboStack.size() << std::endl;
     if (!valid) return;
     fboStack.push_back(this);
-    if (fboStack.size() > stackWarningDepth) {
+    if (fboStack.size() > maxStackDepth) {
         QLNDemosys::system_error = true;
-        cout << "FBO: Overflow? " << fboStack.size() << " in stack" << endl;
+        std::cout << "FBO: Overflow? " << fboStack.size() << " in stack" << std::endl;
     }
-    if (debug) cout << std::string(fboStack.size(), ' ') << "Binding : (" << framebuffer << ") " << toString() << endl;
+    if (debug)
+        std::cout << std::string(fboStack.size(), ' ') << "Binding : (" << framebuffer << ") " << toString()
+                  << std::endl;
     glViewport(0, 0, width, height);
     glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, framebuffer);
 }
@@ -94,12 +106,12 @@ void FrameBufferObject::bind() {
 void FrameBufferObject::release() {
     if (fboStack.empty()) {
         QLNDemosys::system_error = true;
-        cout << "FBO : *** STACK ERROR : Stack is already empty. Possible underflow ***" << endl;
+        std::cout << "FBO : *** STACK ERROR : Stack is already empty. Possible underflow ***" << std::endl;
         return;
     }
-    if (fboStack.back() != this) {
-        cout << "FBO : *** STACK ERROR : " << toString() << " is not " << fboStack.back()->toString() << " ***"
-             << endl;
+    FrameBufferObject* top = fboStack.back();
+    if (top != this) {
+        std::cout << "FBO : *** STACK ERROR : " << toString() << " is not " << top->toString() << " ***" << std::endl;
         return;
     }
     fboStack.pop_back();
@@ -109,21 +121,22 @@ void FrameBufferObject::release() {
         glViewport(0, 0, outer->width, outer->height);
         return;
     }
-    if (debug) cout << "Stack is empty, ok!" << endl;
+    if (debug) std::cout << "Stack is empty, ok!" << std::endl;
     glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
     if (QLNDemosys::screenMetrics) QLNDemosys::screenMetrics->setView();
 }
 
 void FrameBufferObject::draw(float s) {
     if (!valid) return;
-    GLint matrixMode = GL_MODELVIEW;
-    glGetIntegerv(GL_MATRIX_MODE, &matrixMode);
+    GLint mode = GL_MODELVIEW;
+    glGetIntegerv(GL_MATRIX_MODE, &mode);
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
+
     colorBuffer->bind();
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
@@ -138,11 +151,12 @@ void FrameBufferObject::draw(float s) {
     glVertex2f(-s, s);
     glEnd();
     colorBuffer->release();
+
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
     glPopMatrix();
-    glMatrixMode(static_cast<GLenum>(matrixMode));
+    glMatrixMode(mode);
 }
 
 void FrameBufferObject::draw() { draw(1.0f); }
@@ -156,8 +170,10 @@ void FrameBufferObject::clearRenderBuffer() { glClear(GL_DEPTH_BUFFER_BIT); }
 void FrameBufferObject::bindColorBuffer() { colorBuffer->bind(); }
 
 std::string FrameBufferObject::toString() const {
-    std::string text = "FrameBufferObject(" + std::to_string(width) + "," + std::to_string(height) + ",COLOR_BUFFER";
-    if (depth) text += ",DEPTH_BUFFER";
-    if (stencil) text += ",STENCIL_BUFFER";
-    return text + ")";
+    std::ostringstream out;
+    out << "FrameBufferObject(" << width << "," << height << ",COLOR_BUFFER";
+    if (depth) out << ",DEPTH_BUFFER";
+    if (stencil) out << ",STENCIL_BUFFER";
+    out << ")";
+    return out.str();
 }

@@ -1,7 +1,7 @@
 #pragma once
-// An off-screen render target: one colour texture and an optional depth renderbuffer.
-// Binding nests through one process-wide stack, so releasing an inner target returns
-// rendering to the outer one and releasing the last returns it to the screen.
+// Off-screen render target: one colour texture and an optional depth renderbuffer.
+// Binding nests through one process-wide stack, so releasing the inner target
+// returns rendering to the outer one and releasing the last returns it to the screen.
 #include <deque>
 #include <string>
 
@@ -14,33 +14,35 @@ public:
     FrameBufferObject(const FrameBufferObject&) = delete;
     FrameBufferObject& operator=(const FrameBufferObject&) = delete;
 
+    // Checks the bound framebuffer's completeness; sets the status message and valid.
     void fboStatus();
     void bind();
     void release();
+    // The colour texture on a quad of half-size s around the centre, in identity matrices.
     void draw(float s);
     void draw();
     void clear();
     void clearColorBuffer();
     void clearRenderBuffer();
     void bindColorBuffer();
-    void setDebug(bool on) { debug = on; }
 
-    Texture* getColorBuffer() { return colorBuffer; }
+    Texture* getColorBuffer() const { return colorBuffer; }
     bool isValid() const { return valid; }
     int getWidth() const { return width; }
     int getHeight() const { return height; }
     unsigned int getId() const { return framebuffer; }
     std::string getStatusMessage() const { return statusMessage; }
+    void setDebug(bool value) { debug = value; }
     std::string toString() const;
 
     static std::deque<FrameBufferObject*> fboStack;
 
 private:
-    Texture* colorBuffer;
+    Texture* colorBuffer;  // owned
     unsigned int renderbuffer;
     unsigned int framebuffer;
     bool depth;
-    bool stencil;
+    bool stencil;  // described only: no stencil storage is attached
     bool debug;
     int width;
     int height;

