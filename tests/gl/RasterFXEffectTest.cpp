@@ -346,3 +346,33 @@ TEST_F(RasterFXEffectTest, DrawsThroughItsOwnProjectionIntoAFreshFeedbackTexture
     glDeleteTextures(1, reinterpret_cast<const GLuint*>(&feedback));
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
 }
+
+TEST_F(RasterFXEffectTest, TheBundledPictureAndHeightMapMakeAHillyLandscape) {
+    const std::string resources = testsupport::sourceDir() + "/resources/";
+    Texture* plasma = QLNDemosys::loadTexture(resources + "gfx/plasma.png", GL_TEXTURE_2D, false);
+    ASSERT_NE(plasma, nullptr);
+    textures->addTexture("plasma", plasma);
+    Binary* map = QLNDemosys::loadBinary(resources + "misc/heightmap.bin");
+    ASSERT_NE(map, nullptr);
+    EXPECT_GE(map->size(), 17501u) << "every row offset must stay inside the map";
+    binaries->addData("heightmap", map);
+
+    start("plasma", "heightmap");
+    for (unsigned int t = 0; t <= 4000; t += 500) {
+        frame(t);
+        // Hills and valleys: the middle row of the picture holds many shades, none of
+        // them the white of the clear.
+        const std::vector<uint8_t> bytes = frameBytes();
+        std::vector<bool> seen(256, false);
+        int shades = 0, white = 0;
+        for (int x = 0; x < width; ++x) {
+            const uint8_t* p = &bytes[(size_t(height / 2) * width + x) * 3];
+            if (!seen[p[1]]) shades++;
+            seen[p[1]] = true;
+            white += p[0] == 255 && p[1] == 255 && p[2] == 255;
+        }
+        EXPECT_GT(shades, 20) << "at " << t;
+        EXPECT_EQ(white, 0) << "at " << t;
+    }
+    EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
+}

@@ -242,3 +242,29 @@ TEST_F(TunnelEffectTest, ADrawBeforeInitAndAResetDoNotFail) {
     frame(300);
     EXPECT_GT(framebytes::differing(first, frameBytes()), first.size() / 10);
 }
+
+TEST_F(TunnelEffectTest, TheBundledTexturesLineBothTubes) {
+    const std::string gfx = testsupport::sourceDir() + "/resources/gfx/";
+    for (const char* name : {"tunnel_inner", "tunnel_outer"}) {
+        Texture* texture = QLNDemosys::loadTexture(gfx + name + ".png", GL_TEXTURE_2D, false);
+        ASSERT_NE(texture, nullptr) << name;
+        textures->addTexture(name, texture);
+    }
+    start("tunnel_inner", "tunnel_outer");
+    for (unsigned int t = 0; t <= 2000; t += 400) {
+        frame(t);
+        const std::vector<uint8_t> bytes = frameBytes();
+        // The walls fill the view: hardly any of the grey background is left, and the
+        // lattice over the outer wall gives many shades.
+        size_t background = 0;
+        std::vector<bool> seen(256, false);
+        int shades = 0;
+        for (size_t i = 0; i < bytes.size(); i += 3) {
+            background += bytes[i] == 51 && bytes[i + 1] == 51 && bytes[i + 2] == 51;
+            if (!seen[bytes[i + 1]]) shades++;
+            seen[bytes[i + 1]] = true;
+        }
+        EXPECT_LT(background, bytes.size() / 3 / 100) << "at " << t;
+        EXPECT_GT(shades, 40) << "at " << t;
+    }
+}
