@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -38,13 +39,21 @@ public:
 
 const int timelineInstances = 100;
 
+char workPath[] = "/tmp/qln-bench-parser-XXXXXX";
+
+void removeWorkDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(workPath, ignored);
+}
+
 std::string workDir() {
-    static std::string dir = [] {
-        char pattern[] = "/tmp/qln-bench-parser-XXXXXX";
-        if (!mkdtemp(pattern)) std::abort();
-        return std::string(pattern);
-    }();
-    return dir;
+    static bool made = false;
+    if (!made) {
+        if (!mkdtemp(workPath)) std::abort();
+        std::atexit(removeWorkDir);
+        made = true;
+    }
+    return workPath;
 }
 
 void writeFile(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
