@@ -212,4 +212,4 @@ static void checkScript(const std::string& name, int expectedCheckpoints) {
 
 TEST(ResourceTree, StarterScriptNamesExistingFilesAndDeclaredMethods) { checkScript("starter.txt", 3); }
 
-TEST(ResourceTree, BundledDemoNamesExistingFilesAndDeclaredMethods) { checkScript("demoscript.txt", 10); }
+TEST(ResourceTree, BundledDemoNamesExistingFilesAndDeclaredMethods) { checkScript("demoscript.txt", 9); }
