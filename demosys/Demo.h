@@ -32,7 +32,7 @@ public:
 
 private:
     SDL_Event event;
-    int created;       // written once by the constructor
+    [[maybe_unused]] int created;  // written once by the constructor, read by nothing
     int frameMarker;   // reset at the start of every frame
     int initMarker;    // written by init
     Animation* animation;
