@@ -14,11 +14,11 @@ static std::string picture(int size, bool interlaced) {
                                            static_cast<unsigned char>(x ^ y), 255};
             pixels.insert(pixels.end(), c.begin(), c.end());
         }
-    pngfiles::Spec spec;
-    spec.width = size;
-    spec.height = size;
-    spec.interlaced = interlaced;
-    return pngfiles::encode(spec, pixels);
+    pngfiles::Layout layout;
+    layout.width = size;
+    layout.height = size;
+    layout.interlaced = interlaced;
+    return pngfiles::encode(layout, pixels);
 }
 
 static void decodeRgba(benchmark::State& state) {

@@ -135,7 +135,7 @@ TEST_F(SystemServicesGL, MipmappedLoadBuildsTheLevelsAndReportsTheRejectedFilter
 
 TEST_F(SystemServicesGL, LoadsRgbAndOneDimensionalTextures) {
     TempDir dir;
-    pngfiles::Spec rgb;
+    pngfiles::Layout rgb;
     rgb.width = 3;
     rgb.height = 1;
     rgb.colourType = PNG_COLOR_TYPE_RGB;

@@ -90,7 +90,7 @@ TEST(Image, MissingFileAndNonPngFile) {
 
 TEST(Image, OtherColourTypesKeepHeaderDepthAndStayInsideTheBuffer) {
     // RGB, 8 bit.
-    pngfiles::Spec rgb;
+    pngfiles::Layout rgb;
     rgb.width = 3;
     rgb.colourType = PNG_COLOR_TYPE_RGB;
     auto image = fromMemory(pngfiles::encode(rgb, {1, 2, 3, 4, 5, 6, 7, 8, 9}));
@@ -99,7 +99,7 @@ TEST(Image, OtherColourTypesKeepHeaderDepthAndStayInsideTheBuffer) {
     EXPECT_EQ(bytesOf(*image), (std::vector<unsigned char>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
 
     // Palette: header says 8 bits, libpng expands to RGB.
-    pngfiles::Spec indexed;
+    pngfiles::Layout indexed;
     indexed.width = 2;
     indexed.height = 2;
     indexed.colourType = PNG_COLOR_TYPE_PALETTE;
@@ -113,7 +113,7 @@ TEST(Image, OtherColourTypesKeepHeaderDepthAndStayInsideTheBuffer) {
     EXPECT_FLOAT_EQ(image->getFloatData()[3], 40 / 256.0f);
 
     // 16-bit RGBA: header says 64 bits; libpng strips to 8, the buffer still covers 8 bytes a pixel.
-    pngfiles::Spec deep;
+    pngfiles::Layout deep;
     deep.bitDepth = 16;
     image = fromMemory(pngfiles::encode(deep, {0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0xde, 0xf0}));
     EXPECT_EQ(image->getBpp(), 64);
@@ -124,7 +124,7 @@ TEST(Image, OtherColourTypesKeepHeaderDepthAndStayInsideTheBuffer) {
     EXPECT_EQ(image->getFloatData()[7], 0.0f);
 
     // Grey, 8 and 1 bit: no expansion to RGB.
-    pngfiles::Spec grey;
+    pngfiles::Layout grey;
     grey.width = 4;
     grey.colourType = PNG_COLOR_TYPE_GRAY;
     image = fromMemory(pngfiles::encode(grey, {0, 85, 170, 255}));
@@ -149,12 +149,12 @@ TEST(Image, InterlacedDecodesLikeProgressive) {
             Pixel p = pattern(x, y);
             pixels.insert(pixels.end(), p.begin(), p.end());
         }
-    pngfiles::Spec spec;
-    spec.width = 13;
-    spec.height = 11;
-    auto progressive = fromMemory(pngfiles::encode(spec, pixels));
-    spec.interlaced = true;
-    auto interlaced = fromMemory(pngfiles::encode(spec, pixels));
+    pngfiles::Layout layout;
+    layout.width = 13;
+    layout.height = 11;
+    auto progressive = fromMemory(pngfiles::encode(layout, pixels));
+    layout.interlaced = true;
+    auto interlaced = fromMemory(pngfiles::encode(layout, pixels));
     ASSERT_NE(interlaced->getData(), nullptr);
     EXPECT_EQ(bytesOf(*interlaced), bytesOf(*progressive));
     // Bottom row first: the first pixel in memory is (0, 10) of the picture.

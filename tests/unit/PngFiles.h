@@ -7,7 +7,7 @@
 
 namespace pngfiles {
 
-struct Spec {
+struct Layout {
     int width = 1;
     int height = 1;
     int colourType = PNG_COLOR_TYPE_RGBA;
@@ -17,10 +17,10 @@ struct Spec {
 };
 
 // pixels: the rows top to bottom, packed as the PNG stores them (before any filtering).
-inline std::string encode(const Spec& spec, const std::vector<unsigned char>& pixels) {
+inline std::string encode(const Layout& layout, const std::vector<unsigned char>& pixels) {
     std::string out;
     // Declared before setjmp so that an error jump skips no destructor.
-    std::vector<png_bytep> rows(spec.height);
+    std::vector<png_bytep> rows(layout.height);
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png_create_info_struct(png);
     if (setjmp(png_jmpbuf(png))) {
@@ -33,14 +33,14 @@ inline std::string encode(const Spec& spec, const std::vector<unsigned char>& pi
             static_cast<std::string*>(png_get_io_ptr(p))->append(reinterpret_cast<char*>(bytes), length);
         },
         nullptr);
-    png_set_IHDR(png, info, spec.width, spec.height, spec.bitDepth, spec.colourType,
-                 spec.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+    png_set_IHDR(png, info, layout.width, layout.height, layout.bitDepth, layout.colourType,
+                 layout.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                  PNG_FILTER_TYPE_DEFAULT);
-    if (!spec.palette.empty())
-        png_set_PLTE(png, info, spec.palette.data(), static_cast<int>(spec.palette.size()));
+    if (!layout.palette.empty())
+        png_set_PLTE(png, info, layout.palette.data(), static_cast<int>(layout.palette.size()));
     png_write_info(png, info);
     size_t rowBytes = png_get_rowbytes(png, info);
-    for (int y = 0; y < spec.height; ++y) rows[y] = const_cast<png_bytep>(pixels.data() + y * rowBytes);
+    for (int y = 0; y < layout.height; ++y) rows[y] = const_cast<png_bytep>(pixels.data() + y * rowBytes);
     png_write_image(png, rows.data());
     png_write_end(png, nullptr);
     png_destroy_write_struct(&png, &info);
@@ -56,10 +56,10 @@ inline std::string rgba(int width, int height, PixelFn pixel) {
             auto c = pixel(x, y);
             bytes.insert(bytes.end(), c.begin(), c.end());
         }
-    Spec spec;
-    spec.width = width;
-    spec.height = height;
-    return encode(spec, bytes);
+    Layout layout;
+    layout.width = width;
+    layout.height = height;
+    return encode(layout, bytes);
 }
 
 }  // namespace pngfiles
