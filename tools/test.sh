@@ -9,7 +9,7 @@ export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:strict_string_checks=1
 
 echo "== normal build"
-bash tools/build.sh build
+bash tools/build.sh build -DQLN_TESTS=ON -DQLN_BENCH=ON  # explicit: the play command builds the same tree without tests
 (cd build && ctest --output-on-failure -j2)
 
 echo "== sanitizer build (ASan + UBSan)"
