@@ -5,6 +5,9 @@
 // through parseTimeline, the timeline built from the script's timeline block.
 #include <map>
 #include <string>
+#include <vector>
+
+#include "demosys/SyncBinding.h"
 
 class Parameters;
 class ParameterGroup;
@@ -38,6 +41,8 @@ public:
     void addParameterGroup(std::string name, Parameters* parameters);
     ScriptDefaults* getScriptDefaults();
     std::string getTimelineText();
+    // The timeline's sync lines, checked against the definitions, in script order.
+    const std::vector<SyncBinding>& getSyncBindings() const;
 
     bool isValid();
     std::string getErrorMessage();
@@ -73,6 +78,7 @@ private:
                         const std::string& className, const std::string& method, ParameterGroup* arguments,
                         int count);
     bool readPlainDeclaration(Timeline* timeline, const std::string& declaration);
+    bool readSyncCall(const std::string& object, ParameterGroup* arguments, int count);
 
     std::string fileName;
     std::string timelineText;
@@ -84,4 +90,5 @@ private:
     bool valid;
     bool doParseDefaults;
     bool debug;
+    std::vector<SyncBinding> syncBindings;
 };

@@ -35,6 +35,9 @@
 #include "demosys/QLNTime.h"
 #include "demosys/ScreenMetrics.h"
 #include "demosys/Shader.h"
+#include "demosys/SyncPlayer.h"
+#include "demosys/SyncTrack.h"
+#include "demosys/SyncTrackFile.h"
 #include "demosys/Texture.h"
 #include "demosys/Timeline.h"
 #include "qlnutils/File.h"
@@ -222,11 +225,36 @@ bool ResourceLoader::createTimeline() {
         cout << "[Parsing timeline - DONE]" << endl;
         QLNDemosys::timeline->init();
         cout << "[Timeline init]" << endl;
+        if (!loadSync()) return false;
         tick();
         return true;
     }
     errorMessage = parser->getErrorMessage();
     return false;
+}
+
+// A script with a sync block reads its tracks here, once the timeline has named them.
+// Like a timeline error, a failure is reported without clearing the valid flag.
+bool ResourceLoader::loadSync() {
+    ParameterGroup* block = systemGroup("sync");
+    if (block == nullptr) return true;
+    cout << "[Loading sync tracks]" << endl;
+    SyncPlayer* player = SyncPlayer::create(block, errorMessage);
+    if (player == nullptr) return false;
+    for (const SyncBinding& binding : parser->getSyncBindings())
+        player->bind(binding, QLNDemosys::effectPool->getEffect(binding.object));
+    if (!player->loadTracks(errorMessage)) {
+        delete player;
+        return false;
+    }
+    for (size_t i = 0; i < player->countTracks(); ++i) {
+        SyncTrack* track = player->getTrack(i);
+        cout << "-> " << SyncTrackFile::fileName(player->getPrefix(), track->getName()) << " ("
+             << track->getKeys().size() << " keys)" << endl;
+    }
+    delete QLNDemosys::sync;
+    QLNDemosys::sync = player;
+    return true;
 }
 
 bool ResourceLoader::initDemo() {
@@ -333,6 +361,7 @@ bool ResourceLoader::dispose() {
     QLNDemosys::binaryPool = nullptr;
     QLNDemosys::shaderPool = nullptr;
     QLNDemosys::fboPool = nullptr;
+    deleteStatic(QLNDemosys::sync, "delete QLNDemosys::sync");
     deleteStatic(QLNDemosys::timeline, "delete QLNDemosys::timeline");
     deleteStatic(QLNDemosys::action, "delete QLNDemosys::action");
     deleteStatic(QLNDemosys::glExtensions, "delete QLNDemosys::glExtensions");
