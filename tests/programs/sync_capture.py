@@ -1,0 +1,99 @@
+"""A picture moved by sync tracks is drawn exactly where timed calls with the tracks' values put it."""
+import os
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+
+SRC = os.environ.get("QLN_SOURCE_DIR") or os.path.abspath(os.path.join(os.path.dirname(__file__), "..", ".."))
+BIN = os.environ.get("QLN_BINARY_DIR") or os.path.join(SRC, "build")
+FPS = 8  # 120 bpm at 4 rows per beat is 8 rows a second: frame k is row k
+TRACKS = {  # name -> keys (row, value, kind); kinds 0 step, 1 linear, 2 smooth
+    "pic:x": [(0, -0.5, 0), (4, -0.5, 1), (12, 0.25, 0)],
+    "pic:y": [(0, 0.0, 2), (8, 0.5, 0)],
+    "pic z": [(0, -2.0, 0)],
+}
+failures = []
+
+
+def value(keys, row):
+    before = [k for k in keys if k[0] <= row] or keys[:1]
+    r0, v0, kind = before[-1]
+    after = [k for k in keys if k[0] > row]
+    if row < r0 or not after or kind == 0:
+        return v0
+    r1, v1, _ = after[0]
+    t = (row - r0) / (r1 - r0)
+    t = t if kind == 1 else t * t * (3 - 2 * t)
+    return v0 + (v1 - v0) * t
+
+
+def script(work, name, sync, timeline):
+    head = "{QLNDS1}\npaths { definition = %s/resources/definitions/; gfx = %s/resources/gfx/; }\n" % (SRC, SRC)
+    head += "system { stop = 00:02:000; }\n" + sync + "graphics { logo = logo.png; }\n"
+    head += "pic * DisplayTexture { texture = graphics[logo]; xscale = 0.5; yscale = 0.5; }\n"
+    os.makedirs(os.path.join(work, "resources", "scripts"), exist_ok=True)
+    with open(os.path.join(work, "resources", "scripts", name), "w") as f:
+        f.write(head + "timeline {\n    pic.start(00:00:000);\n" + timeline + "}\n")
+
+
+def capture(work, name):
+    env = dict(os.environ)
+    env.pop("DISPLAY", None)
+    return subprocess.run([os.path.join(BIN, "democapture"), name, "--raw", "--no-audio", "--fps", str(FPS),
+                           "--size", "64x48"], cwd=work, env=env, capture_output=True, timeout=300)
+
+
+def check(condition, what):
+    if not condition:
+        failures.append(what)
+        print("FAIL:", what)
+
+
+def main():
+    work = tempfile.mkdtemp(prefix="qlnsync-")
+    os.makedirs(os.path.join(work, "sync"))
+    files = {"pic:x": "pic_pic-3Ax.track", "pic:y": "pic_pic-3Ay.track", "pic z": "pic_pic-20z.track"}
+    for name, keys in TRACKS.items():
+        with open(os.path.join(work, "sync", files[name]), "wb") as f:
+            f.write(struct.pack("<i", len(keys)) + b"".join(struct.pack("<ifb", *key) for key in keys))
+    script(work, "synced.txt", "sync { bpm = 120.0; rpb = 4; tracks = sync/pic; }\n",
+           "    pic.sync(00:00:000, setPosition, pic:x, pic:y, pic z);\n")
+    calls = ""
+    for k in range(2 * FPS + 1):
+        ms = k * 1000 // FPS
+        args = ", ".join(repr(value(TRACKS[n], k)) for n in ("pic:x", "pic:y", "pic z"))
+        calls += "    pic.setPosition(00:%02d:%03d, %s);\n" % (ms // 1000, ms % 1000, args)
+    script(work, "timed.txt", "", calls)
+
+    synced, timed = capture(work, "synced.txt"), capture(work, "timed.txt")
+    check(synced.returncode == 0 and timed.returncode == 0, "both captures run: " + synced.stderr.decode()[-300:])
+    size = 64 * 48 * 3
+    frames = [synced.stdout[i:i + size] for i in range(0, len(synced.stdout), size)]
+    check(len(frames) == 2 * FPS + 1, "17 frames, got %d" % len(frames))
+    check(synced.stdout == timed.stdout, "synced frames equal the frames of timed calls with the tracks' values")
+    check(len(set(frames[i] for i in (0, 6, 10, 14))) == 4, "the picture moves with the tracks")
+    # With --raw the engine's log goes to standard error.
+    check(b"[Loading sync tracks]\n-> sync/pic_pic-3Ax.track (3 keys)\n" in synced.stderr, "the log names each track file")
+    check(b"Loading sync" not in timed.stderr and b"QLNDemosys::sync" not in timed.stderr,
+          "a script without a sync block logs nothing of sync")
+
+    for broken, text in ((b"", b"File too short"), (struct.pack("<i", 1000) + b"x" * 9, b"Key count 1000 does not fit"),
+                         (None, b"File not found")):
+        path = os.path.join(work, "sync", files["pic:y"])
+        if broken is None:
+            os.remove(path)
+        else:
+            open(path, "wb").write(broken)
+        run = capture(work, "synced.txt")
+        log = run.stderr
+        check(run.returncode != 0 and b"Error loading sync track!\nTrack : 'pic:y'\n" in log and text in log,
+              "a broken track file stops the start: " + text.decode())
+    shutil.rmtree(work)
+    print("sync capture: %d failed" % len(failures))
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
