@@ -18,24 +18,20 @@ failures = []
 
 
 def value(keys, row):
-    before = [k for k in keys if k[0] <= row] or keys[:1]
-    r0, v0, kind = before[-1]
-    after = [k for k in keys if k[0] > row]
+    (r0, v0, kind), after = ([k for k in keys if k[0] <= row] or keys[:1])[-1], [k for k in keys if k[0] > row]
     if row < r0 or not after or kind == 0:
         return v0
-    r1, v1, _ = after[0]
-    t = (row - r0) / (r1 - r0)
-    t = t if kind == 1 else t * t * (3 - 2 * t)
-    return v0 + (v1 - v0) * t
+    t = (row - r0) / (after[0][0] - r0)
+    return v0 + (after[0][1] - v0) * (t if kind == 1 else t * t * (3 - 2 * t))
 
 
 def script(work, name, sync, timeline):
-    head = "{QLNDS1}\npaths { definition = %s/resources/definitions/; gfx = %s/resources/gfx/; }\n" % (SRC, SRC)
-    head += "system { stop = 00:02:000; }\n" + sync + "graphics { logo = logo.png; }\n"
-    head += "pic * DisplayTexture { texture = graphics[logo]; xscale = 0.5; yscale = 0.5; }\n"
     os.makedirs(os.path.join(work, "resources", "scripts"), exist_ok=True)
     with open(os.path.join(work, "resources", "scripts", name), "w") as f:
-        f.write(head + "timeline {\n    pic.start(00:00:000);\n" + timeline + "}\n")
+        f.write("{QLNDS1}\npaths { definition = %s/resources/definitions/; gfx = %s/resources/gfx/; }\n"
+                "system { stop = 00:02:000; }\n%sgraphics { logo = logo.png; }\n"
+                "pic * DisplayTexture { texture = graphics[logo]; xscale = 0.5; yscale = 0.5; }\n"
+                "timeline {\n    pic.start(00:00:000);\n%s}\n" % (SRC, SRC, sync, timeline))
 
 
 def capture(work, name):
@@ -82,13 +78,9 @@ def main():
     for broken, text in ((b"", b"File too short"), (struct.pack("<i", 1000) + b"x" * 9, b"Key count 1000 does not fit"),
                          (None, b"File not found")):
         path = os.path.join(work, "sync", files["pic:y"])
-        if broken is None:
-            os.remove(path)
-        else:
-            open(path, "wb").write(broken)
+        os.remove(path) if broken is None else open(path, "wb").write(broken)
         run = capture(work, "synced.txt")
-        log = run.stderr
-        check(run.returncode != 0 and b"Error loading sync track!\nTrack : 'pic:y'\n" in log and text in log,
+        check(run.returncode != 0 and b"Error loading sync track!\nTrack : 'pic:y'\n" in run.stderr and text in run.stderr,
               "a broken track file stops the start: " + text.decode())
     shutil.rmtree(work)
     print("sync capture: %d failed" % len(failures))
