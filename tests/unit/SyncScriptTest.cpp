@@ -24,6 +24,7 @@ protected:
     SyncScript() { scripttest::writeDefinitions(dir); }
     // Returns the reader's error message, empty when the whole script was read.
     std::string load(const std::string& head, const std::string& timeline) {
+        testsupport::captureStdout([] { delete QLNDemosys::timeline; });
         script.reset(new ParsedScript(scripttest::writeScript(dir, head + "timeline {\n" + timeline + "\n}\n")));
         state.createEffectObjects(script->effects());
         script->parseTimeline();
