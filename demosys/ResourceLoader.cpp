@@ -225,7 +225,7 @@ bool ResourceLoader::createTimeline() {
         cout << "[Parsing timeline - DONE]" << endl;
         QLNDemosys::timeline->init();
         cout << "[Timeline init]" << endl;
-        if (!loadSync()) return false;
+        if (!loadSync(*parser)) return false;
         tick();
         return true;
     }
@@ -235,13 +235,13 @@ bool ResourceLoader::createTimeline() {
 
 // A script with a sync block reads its tracks here, once the timeline has named them.
 // Like a timeline error, a failure is reported without clearing the valid flag.
-bool ResourceLoader::loadSync() {
+bool ResourceLoader::loadSync(DemoScriptParser& from) {
     ParameterGroup* block = systemGroup("sync");
     if (block == nullptr) return true;
     cout << "[Loading sync tracks]" << endl;
     SyncPlayer* player = SyncPlayer::create(block, errorMessage);
     if (player == nullptr) return false;
-    for (const SyncBinding& binding : parser->getSyncBindings())
+    for (const SyncBinding& binding : from.getSyncBindings())
         player->bind(binding, QLNDemosys::effectPool->getEffect(binding.object));
     if (!player->loadTracks(errorMessage)) {
         delete player;
@@ -291,7 +291,8 @@ bool ResourceLoader::reload() {
     if (fresh->isValid()) {
         cout << "Parsing timeline..." << endl;
         timeline = fresh->parseTimeline();
-        if (fresh->isValid()) {
+        // The sync lines come with the timeline; their tracks are read again from the files.
+        if (fresh->isValid() && loadSync(*fresh)) {
             timeline->init();
             if (QLNDemosys::timeline) timeline->setOffset(QLNDemosys::timeline->getOffset());
             delete QLNDemosys::timeline;
@@ -304,7 +305,7 @@ bool ResourceLoader::reload() {
             return true;
         }
     }
-    errorMessage = fresh->getErrorMessage();
+    if (!fresh->isValid()) errorMessage = fresh->getErrorMessage();
     delete timeline;
     deleteCollections(fresh);
     delete fresh;

@@ -33,7 +33,7 @@ public:
 
 private:
     bool fail(const std::string& message);
-    bool loadSync();
+    bool loadSync(DemoScriptParser& from);
     static void deleteCollections(DemoScriptParser* from);
     void tick();
     // The data-file stages, in the order loadDataFiles runs them.
