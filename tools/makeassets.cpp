@@ -11,9 +11,10 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::string resources = argv[1];
+    const bool all = argc == 2;
     std::set<std::string> wanted(argv + 2, argv + argc);
     for (const qlntools::AssetCatalog::Asset& asset : qlntools::AssetCatalog::assets()) {
-        if (!wanted.empty() && !wanted.erase(asset.path)) continue;
+        if (!all && !wanted.erase(asset.path)) continue;
         std::string error;
         if (!asset.make(resources, resources + "/" + asset.path, error)) {
             std::cerr << "makeassets: " << asset.path << ": " << error << "\n";
