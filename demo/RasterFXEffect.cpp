@@ -9,6 +9,7 @@
 #include "demosys/DataBinaryPool.h"
 #include "demosys/DataTexturePool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
@@ -19,11 +20,6 @@ namespace {
 const int kColumns = 100;
 const int kRows = 75;
 const int kFeedbackSize = 512;
-
-std::string valueOf(const ParameterGroup* group, const std::string& key) {
-    if (group == nullptr || !group->exist(key)) return std::string();
-    return group->getParameter(key);
-}
 
 }  // namespace
 
@@ -79,8 +75,7 @@ void RasterFXEffect::init() {
     feedbackTexture = 0;
     picture = nullptr;
     heightMap = nullptr;
-    if (parameters != nullptr && parameters->exist("texture") && QLNDemosys::texturePool != nullptr)
-        picture = QLNDemosys::texturePool->getTexture(parameters->getParameter("texture"));
+    picture = ParameterReader::texture(parameters, "texture");
     if (parameters != nullptr && parameters->exist("wavemap") && QLNDemosys::binaryPool != nullptr)
         heightMap = QLNDemosys::binaryPool->getData(parameters->getParameter("wavemap"));
     if (feedbackTexture == 0) {
@@ -91,8 +86,8 @@ void RasterFXEffect::init() {
     }
     const ParameterGroup* screen =
         QLNDemosys::parameters != nullptr ? QLNDemosys::parameters->getGroup("screen") : nullptr;
-    screenWidth = QLNUtils::string2Int(valueOf(screen, "width"));
-    screenHeight = QLNUtils::string2Int(valueOf(screen, "height"));
+    screenWidth = ParameterReader::integer(screen, "width");
+    screenHeight = ParameterReader::integer(screen, "height");
 }
 
 void RasterFXEffect::draw(unsigned int time) {
