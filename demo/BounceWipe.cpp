@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScreenMetrics.h"
 
@@ -32,7 +33,7 @@ void BounceWipe::draw(unsigned int time) {
     if (!screen) return;
     const int width = screen->getWidth();
     const int height = screen->getHeight();
-    offset = (height / divisor) * std::sin(angle * static_cast<float>(M_PI) / 180.0f);
+    offset = (height / divisor) * std::sin(angle * GLHelpers::piFloat / 180.0f);
     const int shift = static_cast<int>(offset);
     if (direction == 0)
         glViewport(0, shift, width, height + shift);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/ParameterReader.h"
 #include "qlnutils/QLNUtils.h"
@@ -108,22 +109,14 @@ void RasterEffect::draw(unsigned int time) {
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_CULL_FACE);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
 
     drawStars(seconds);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);  // bars add up where they cross
     drawBars(seconds);
 
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
     glPopAttrib();
 }
 

@@ -8,6 +8,7 @@
 #include "demosys/Binary.h"
 #include "demosys/DataBinaryPool.h"
 #include "demosys/DataTexturePool.h"
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
@@ -104,7 +105,7 @@ void RasterFXEffect::draw(unsigned int time) {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
 
-    const double frustumHeight = std::tan(M_PI / 4.0) * 0.5;
+    const double frustumHeight = std::tan(GLHelpers::pi / 4.0) * 0.5;
     const double frustumWidth = frustumHeight * (double(screenWidth) / double(screenHeight));
 
     glClearColor(1, 1, 1, 1);

@@ -4,12 +4,9 @@
 
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScreenMetrics.h"
-
-namespace {
-const float pi = 3.14159265f;
-}
 
 ScrollWipe::ScrollWipe() : angle(90.0f), offset(0.0f), direction(0) {}
 
@@ -32,7 +29,7 @@ void ScrollWipe::draw(unsigned int time) {
     if (!screen) return;
     const int width = screen->getWidth();
     const int height = screen->getHeight();
-    const float wave = std::sin(angle * pi / 180.0f);
+    const float wave = std::sin(angle * GLHelpers::piFloat / 180.0f);
     // The two directions are not mirror images: up slides half as far and keeps its base.
     if (direction == 0) {
         offset = height * wave - height;

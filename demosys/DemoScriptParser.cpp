@@ -43,18 +43,6 @@ ParameterGroup* defaultsOf(EffectDefinition* definition) {
     return defaults;
 }
 
-// A path that cannot be read as a file (a directory, say) counts as not found.
-bool readWholeFile(const std::string& name, std::string& text) {
-    try {
-        File file(name, 0);
-        if (!file.exists()) return false;
-        text = file.getAsString();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 }  // namespace
 
 DemoScriptParser::DemoScriptParser(std::string fileName)
@@ -66,7 +54,7 @@ DemoScriptParser::DemoScriptParser(std::string fileName)
       doParseDefaults(false),
       debug(false) {
     std::string text;
-    if (!readWholeFile(fileName, text)) {
+    if (!File::readWholeFile(fileName, text)) {
         errorMessage = "DemoScriptParser : '" + fileName + "' not found!";
         valid = false;
         return;
@@ -401,8 +389,7 @@ std::string DemoScriptParser::errorStringOMP(std::string object, std::string met
 }
 
 std::string DemoScriptParser::forceStringLength(std::string text, unsigned int length) {
-    while (text.length() < length) text = "0" + text;
-    return text;
+    return StringUtils::zeroPad(text, length);
 }
 
 bool DemoScriptParser::checkHeader(std::string text) { return text == header; }

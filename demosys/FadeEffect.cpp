@@ -3,6 +3,7 @@
 #include <GL/glew.h>
 #include <algorithm>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/ParameterReader.h"
 #include "demosys/QLNTime.h"
@@ -68,12 +69,7 @@ void FadeEffect::draw(unsigned int time) {
         colour = fromColour.linearInterpolate(toColour, static_cast<float>(t));
     }
 
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);
@@ -86,23 +82,11 @@ void FadeEffect::draw(unsigned int time) {
     // The quad reaches past the viewport on every side.
     glPushMatrix();
     glColor4fv(colour.data());
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex2f(-2, -2);
-    glTexCoord2f(1, 0);
-    glVertex2f(2, -2);
-    glTexCoord2f(1, 1);
-    glVertex2f(2, 2);
-    glTexCoord2f(0, 1);
-    glVertex2f(-2, 2);
-    glEnd();
+    GLHelpers::drawSquare(2);
     glPopMatrix();
 
     glDisable(GL_BLEND);
     glDisable(GL_ALPHA_TEST);
     glDisable(GL_COLOR_MATERIAL);
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
 }
