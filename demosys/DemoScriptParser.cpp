@@ -13,6 +13,7 @@
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScriptDefaults.h"
+#include "demosys/ValueType.h"
 #include "qlnutils/File.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
@@ -278,22 +279,14 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
     std::string type = attributes->exist("type") ? attributes->getParameter("type") : "";
     message += "Value :  '" + value + "'\n";
 
-    if (type == "float") {
-        if (StringUtils::isFloat(value)) return true;
-        fail(message + "Error :  value is not a float as defined in " + className + ".def\n");
+    ValueType::Kind kind = ValueType::ofParameter(type);
+    if (kind != ValueType::String && kind != ValueType::Unknown) {
+        if (ValueType::accepts(kind, value)) return true;
+        fail(message + "Error :  value is not " + ValueType::parameterNoun(kind) + " as defined in " + className +
+             ".def\n");
         return false;
     }
-    if (type == "int") {
-        if (StringUtils::isInt(value)) return true;
-        fail(message + "Error :  value is not an int as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "bool") {
-        if (StringUtils::isBool(value)) return true;
-        fail(message + "Error :  value is not a bool as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "string") {
+    if (kind == ValueType::String) {
         std::string options = attributes->exist("values") ? attributes->getParameter("values") : "";
         if (options != "<string>") {
             bool allowed = false;

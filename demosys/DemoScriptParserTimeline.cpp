@@ -12,6 +12,7 @@
 #include "demosys/QLNTime.h"
 #include "demosys/ScriptDefaults.h"
 #include "demosys/Timeline.h"
+#include "demosys/ValueType.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 
@@ -124,23 +125,8 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
         std::string value = arguments->getParameter(key);
         std::string problem;
         bool toStandardError = false;
-        if (type == "<event>" || type == "<time>") {
-            std::unique_ptr<QLNTime> time(new QLNTime(value));
-            if (!time->isValid()) {
-                problem = "Parameter is not a valid (mm:ss:mmm) timestamp as defined in " + className + ".def\n";
-            } else if (type == "<event>") {
-                eventTime = std::move(time);
-            }
-        } else if (type == "<integer>") {
-            if (!StringUtils::isInt(value)) problem = "Parameter is not an integer as defined in " + className + ".def\n";
-        } else if (type == "<bool>") {
-            if (!StringUtils::isBool(value)) problem = "Parameter is not a boolean as defined in " + className + ".def\n";
-        } else if (type == "<float>") {
-            if (!StringUtils::isFloat(value)) {
-                problem = "Parameter is not a float as defined in " + className + ".def\n";
-                toStandardError = true;
-            }
-        } else if (type == "<string>") {
+        ValueType::Kind kind = ValueType::ofArgument(type);
+        if (kind == ValueType::String) {
             std::string resolved = reverseLookup(value);
             if (resolved.empty()) {
                 problem = "Reverse lookup failed\n";
@@ -148,6 +134,11 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
             } else {
                 arguments->addParameter(key, resolved);
             }
+        } else if (!ValueType::accepts(kind, value)) {
+            problem = "Parameter is not " + ValueType::argumentNoun(kind) + " as defined in " + className + ".def\n";
+            toStandardError = kind == ValueType::Float;
+        } else if (type == "<event>") {
+            eventTime.reset(new QLNTime(value));
         }
         if (!problem.empty()) {
             std::string message = errorStringOMP(object, method, value) + " (" + std::to_string(i) + ")\n" + problem;
