@@ -156,16 +156,7 @@ void RasterFXEffect::drawPicture(float frameTime) {
 }
 
 void RasterFXEffect::drawPictureQuad() {
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex3f(-1.5f, -1.5f, 0);
-    glTexCoord2f(2, 0);
-    glVertex3f(1.5f, -1.5f, 0);
-    glTexCoord2f(2, 2);
-    glVertex3f(1.5f, 1.5f, 0);
-    glTexCoord2f(0, 2);
-    glVertex3f(-1.5f, 1.5f, 0);
-    glEnd();
+    GLHelpers::drawRect(1.5f, 1.5f, 2.0f);
 }
 
 // 75 rows of 100 quads from the bottom left; each corner takes its height and grey from

@@ -82,7 +82,7 @@ void FadeEffect::draw(unsigned int time) {
     // The quad reaches past the viewport on every side.
     glPushMatrix();
     glColor4fv(colour.data());
-    GLHelpers::drawSquare(2);
+    GLHelpers::drawRect(2, 2);
     glPopMatrix();
 
     glDisable(GL_BLEND);

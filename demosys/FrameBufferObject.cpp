@@ -136,7 +136,7 @@ void FrameBufferObject::draw(float s) {
     colorBuffer->bind();
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-    GLHelpers::drawSquare(s);
+    GLHelpers::drawRect(s, s);
     colorBuffer->release();
 
     GLHelpers::popMatrices();

@@ -18,15 +18,15 @@ void GLHelpers::popMatrices() {
     glPopMatrix();
 }
 
-void GLHelpers::drawSquare(float half) {
+void GLHelpers::drawRect(float halfWidth, float halfHeight, float repeat) {
     glBegin(GL_QUADS);
     glTexCoord2f(0, 0);
-    glVertex2f(-half, -half);
-    glTexCoord2f(1, 0);
-    glVertex2f(half, -half);
-    glTexCoord2f(1, 1);
-    glVertex2f(half, half);
-    glTexCoord2f(0, 1);
-    glVertex2f(-half, half);
+    glVertex2f(-halfWidth, -halfHeight);
+    glTexCoord2f(repeat, 0);
+    glVertex2f(halfWidth, -halfHeight);
+    glTexCoord2f(repeat, repeat);
+    glVertex2f(halfWidth, halfHeight);
+    glTexCoord2f(0, repeat);
+    glVertex2f(-halfWidth, halfHeight);
     glEnd();
 }

@@ -10,6 +10,7 @@ public:
     static void pushIdentityMatrices();
     // Pops what pushIdentityMatrices pushed; leaves modelview current.
     static void popMatrices();
-    // A textured square from (-half, -half) to (half, half), texture (0,0) at its lower left.
-    static void drawSquare(float half);
+    // A textured rectangle centred on the origin, texture (0,0) at its lower left and
+    // (repeat, repeat) at its upper right.
+    static void drawRect(float halfWidth, float halfHeight, float repeat = 1.0f);
 };
