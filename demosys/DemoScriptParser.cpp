@@ -10,6 +10,7 @@
 #include "demosys/EffectDefinition.h"
 #include "demosys/EffectDefinitionParser.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScriptDefaults.h"
@@ -38,7 +39,7 @@ ParameterGroup* defaultsOf(EffectDefinition* definition) {
     Parameters* declared = definition->getParameters();
     for (int i = 0; i < declared->size(); ++i) {
         ParameterGroup* attributes = declared->getValue(i);
-        std::string value = attributes->exist("default") ? attributes->getParameter("default") : "";
+        std::string value = ParameterReader::text(attributes, "default");
         defaults->addParameter(declared->getKey(i), value);
     }
     return defaults;
@@ -276,7 +277,7 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
         return false;
     }
     ParameterGroup* attributes = definition->getParameter(key);
-    std::string type = attributes->exist("type") ? attributes->getParameter("type") : "";
+    std::string type = ParameterReader::text(attributes, "type");
     message += "Value :  '" + value + "'\n";
 
     ValueType::Kind kind = ValueType::ofParameter(type);
@@ -287,7 +288,7 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
         return false;
     }
     if (kind == ValueType::String) {
-        std::string options = attributes->exist("values") ? attributes->getParameter("values") : "";
+        std::string options = ParameterReader::text(attributes, "values");
         if (options != "<string>") {
             bool allowed = false;
             StringTokenizer option(options, ",");
@@ -317,7 +318,7 @@ bool DemoScriptParser::loadDefinitions() {
     scriptDefaults = new ScriptDefaults();
 
     ParameterGroup* paths = collections[systemParameters]->getGroup("paths");
-    std::string path = paths != nullptr && paths->exist("definition") ? paths->getParameter("definition") : "";
+    std::string path = ParameterReader::text(paths, "definition");
     std::cout << "path = " << path << std::endl;
 
     std::vector<std::string> names;

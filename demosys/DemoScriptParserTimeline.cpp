@@ -8,6 +8,7 @@
 #include "demosys/EffectDefinition.h"
 #include "demosys/Event.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNTime.h"
 #include "demosys/ScriptDefaults.h"
@@ -75,7 +76,7 @@ bool DemoScriptParser::readCall(Timeline* timeline, DataEventPool* templates, co
 
     if (templates == nullptr || !templates->exist(method)) {
         ParameterGroup* instance = effects->getGroup(object);
-        std::string className = instance->exist("class") ? instance->getParameter("class") : "";
+        std::string className = ParameterReader::text(instance, "class");
         return readMethodCall(timeline, templates, object, className, method, arguments.release(), count);
     }
 
@@ -120,7 +121,7 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
     std::unique_ptr<QLNTime> eventTime;
     for (int i = 0; i < count; ++i) {
         std::string position = forceStringLength(std::to_string(i), 2);
-        std::string type = signature->exist(position) ? signature->getParameter(position) : "";
+        std::string type = ParameterReader::text(signature, position);
         std::string key = "p" + std::to_string(i + 1);
         std::string value = arguments->getParameter(key);
         std::string problem;

@@ -5,6 +5,7 @@
 #include "demosys/DataFBOPool.h"
 #include "demosys/Effect.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 #include "qlnutils/QLNUtils.h"
@@ -22,9 +23,9 @@ EventStartEffect::EventStartEffect(QLNTime* time, ParameterGroup* parameters)
 }
 
 void EventStartEffect::init() {
-    std::string p2 = parameter("p2");
+    std::string p2 = ParameterReader::text(parameters, "p2");
     layer = StringUtils::isInt(p2) ? QLNUtils::string2Int(p2) : defaultLayer;
-    object = parameter("object");
+    object = ParameterReader::text(parameters, "object");
     effect = objectEffect();
 }
 

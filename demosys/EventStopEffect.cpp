@@ -4,6 +4,7 @@
 
 #include "demosys/ActionPool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 
@@ -15,7 +16,7 @@ EventStopEffect::EventStopEffect(QLNTime* time, ParameterGroup* parameters) : Ti
     init();
 }
 
-void EventStopEffect::init() { object = parameter("object"); }
+void EventStopEffect::init() { object = ParameterReader::text(parameters, "object"); }
 
 void EventStopEffect::execute() {
     if (!QLNDemosys::action) return;

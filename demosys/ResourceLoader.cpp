@@ -23,6 +23,7 @@
 #include "demosys/FrameBufferObject.h"
 #include "demosys/GLExtensions.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
@@ -56,7 +57,7 @@ ParameterGroup* ResourceLoader::systemGroup(const string& name) {
 
 string ResourceLoader::path(const string& key) {
     ParameterGroup* paths = systemGroup("paths");
-    return paths && paths->exist(key) ? paths->getParameter(key) : string();
+    return ParameterReader::text(paths, key);
 }
 
 void ResourceLoader::deleteCollections(DemoScriptParser* from) {
@@ -173,7 +174,7 @@ bool ResourceLoader::loadSound() {
     ParameterGroup* sound = systemGroup("sound");
     // Without a sound group (or without "play") there is nothing to play.
     if (!sound || !sound->exist("play") || sound->getParameter("play") != "1") return true;
-    string file = sound->exist("file") ? sound->getParameter("file") : string();
+    string file = ParameterReader::text(sound, "file");
     string soundPath = path("sound") + file;
     cout << "Play : " << soundPath << endl;
     if (file.empty() || !QLNDemosys::soundInit(soundPath.c_str()))
@@ -190,7 +191,7 @@ bool ResourceLoader::createEffectObjects() {
     for (int i = 0; effects && i < effects->size(); ++i) {
         string name = effects->getKey(i);
         ParameterGroup* group = effects->getValue(i);
-        string className = group->exist("class") ? group->getParameter("class") : string();
+        string className = ParameterReader::text(group, "class");
         cout << "Creating instance of " << className << endl;
         Effect* prototype = templates->getEffect(className);
         // The script reader rejects unknown classes; a missing prototype is skipped, not followed.
@@ -221,7 +222,7 @@ bool ResourceLoader::createTimeline() {
 bool ResourceLoader::initDemo() {
     cout << "[Getting Startpos]" << endl;
     ParameterGroup* system = systemGroup("system");
-    QLNTime start(system && system->exist("start") ? system->getParameter("start") : string("00:00:000"));
+    QLNTime start(ParameterReader::text(system, "start", "00:00:000"));
     cout << "startpos = " << start.toString() << endl;
     tick();
     cout << "[Demo Init]" << endl;

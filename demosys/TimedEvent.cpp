@@ -26,10 +26,6 @@ void TimedEvent::setTime(QLNTime* value) {
 
 QLNTime* TimedEvent::getTime() { return time; }
 
-std::string TimedEvent::parameter(const std::string& key) const {
-    return parameters && parameters->exist(key) ? parameters->getParameter(key) : std::string();
-}
-
 Effect* TimedEvent::objectEffect() const {
     if (!parameters || !parameters->exist("object") || !QLNDemosys::data) return nullptr;
     DataEffectPool* pool = dynamic_cast<DataEffectPool*>(QLNDemosys::data->getData("effectPool"));

@@ -22,8 +22,6 @@ public:
 
 protected:
     TimedEvent(QLNTime* time, ParameterGroup* parameters) : parameters(parameters), time(time) {}
-    // The parameter's value, or "" when there is no group or no such key.
-    std::string parameter(const std::string& key) const;
     // The instance that "object" names in the effect pool; null without a group, key or pool.
     Effect* objectEffect() const;
 
