@@ -53,6 +53,10 @@ void Demo::setWindowTitle(string title) { windowTitle = title; }
 
 void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
 
+void Demo::setEventObserver(std::function<void(const SDL_Event&)> observer) { eventObserver = std::move(observer); }
+
+void Demo::setFrameStartHook(std::function<void()> hook) { frameStartHook = std::move(hook); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -125,6 +129,7 @@ void Demo::run() {
         glLoadIdentity();
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         keyEvents();
+        if (frameStartHook) frameStartHook();
         QLNDemosys::timeline->watch();
         if (QLNDemosys::cameraActive) {
             Camera& camera = QLNDemosys::camera;
@@ -154,6 +159,7 @@ void Demo::keyEvents() {
             cout << "Screen resize (" << event.resize.w << "," << event.resize.h << ")" << endl;
             QLNDemosys::screenMetrics->resize(event.resize.w, event.resize.h);
         }
+        if (eventObserver) eventObserver(event);
     }
 }
 

@@ -23,6 +23,11 @@ public:
     // Called once per frame after the frame is drawn and before the buffers swap, while the
     // finished picture is still in the back buffer (frame capture reads it there).
     void setFrameObserver(std::function<void()> observer);
+    // Tools that steer the demo: every polled window event is passed on after the driver's
+    // own handling, and the frame-start hook runs after the events, before the timeline fires.
+    void setEventObserver(std::function<void(const SDL_Event&)> observer);
+    void setFrameStartHook(std::function<void()> hook);
+    std::string getScriptPath() const { return scriptPath + scriptName; }
 
     bool load(ScreenMetrics* screenMetrics);
     void init();
@@ -47,6 +52,8 @@ private:
     // Free-camera steering. No key sets these: the camera branch of the loop stays inert.
     bool pitchUp, pitchDown, headingLeft, headingRight, moveBack, moveForward;
     std::function<void()> frameObserver;
+    std::function<void(const SDL_Event&)> eventObserver;
+    std::function<void()> frameStartHook;
 
     void clearCameraFlags();
     // Runs one loader stage, keeping its message; false once the demo has failed.
