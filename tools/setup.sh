@@ -12,6 +12,7 @@ packages=(
   libpng-dev
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
+  xdotool                          # real key presses for the workbench test
   python3
 )
 

@@ -62,7 +62,7 @@ bool WorkbenchOptions::parse(int argc, char** argv, std::string& error) {
                 error = "--loop takes mm:ss:mmm-mm:ss:mmm with the start first, not '" + value + "'";
                 return false;
             }
-            if (arg == "--bpm" && (!StringUtils::isFloat(value) || (bpm = std::stod(value)) <= 0 || bpm > 1000)) {
+            if (arg == "--bpm" && (!(StringUtils::isInt(value) || StringUtils::isFloat(value)) || (bpm = std::stod(value)) <= 0 || bpm > 1000)) {
                 error = "--bpm takes a tempo between 0 and 1000, not '" + value + "'";
                 return false;
             }
