@@ -2,19 +2,7 @@
 // Everything a loader builds into the shared system state, held aside so that a second,
 // complete build can be made beside the running one and either take over or be thrown away.
 // The window, the OpenGL capabilities and the music are not part of it.
-class Parameters;
-class Data;
-class DataEffectPool;
-class DataEventPool;
-class DataObjectPool;
-class DataTexturePool;
-class DataAnimationPool;
-class DataBinaryPool;
-class DataShaderPool;
-class DataFBOPool;
-class Timeline;
-class ActionPool;
-class ProgressBar;
+#include "demosys/QLNDemosys.h"
 
 class EngineState {
 public:

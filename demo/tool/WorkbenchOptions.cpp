@@ -1,5 +1,7 @@
 #include "demo/tool/WorkbenchOptions.h"
 
+#include <vector>
+
 #include "demosys/QLNTime.h"
 #include "qlnutils/StringUtils.h"
 
@@ -34,6 +36,7 @@ std::string WorkbenchOptions::usage() {
 }
 
 bool WorkbenchOptions::parse(int argc, char** argv, std::string& error) {
+    std::vector<std::string> scripts;
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
         bool hasValue = i + 1 < argc;
@@ -62,19 +65,19 @@ bool WorkbenchOptions::parse(int argc, char** argv, std::string& error) {
                 error = "--loop takes mm:ss:mmm-mm:ss:mmm with the start first, not '" + value + "'";
                 return false;
             }
-            if (arg == "--bpm" && (!(StringUtils::isInt(value) || StringUtils::isFloat(value)) || (bpm = std::stod(value)) <= 0 || bpm > 1000)) {
+            bool number = StringUtils::isInt(value) || StringUtils::isFloat(value);
+            if (arg == "--bpm" && (!number || (bpm = std::stod(value)) <= 0 || bpm > 1000)) {
                 error = "--bpm takes a tempo between 0 and 1000, not '" + value + "'";
                 return false;
             }
-        } else if (!arg.empty() && arg[0] == '-') {
-            error = "unknown option '" + arg + "'";
-            return false;
-        } else if (script.empty()) {
-            script = arg;
+        } else if (arg.empty() || arg[0] != '-') {
+            scripts.push_back(arg);
         } else {
-            error = "one demoscript only ('" + script + "' and '" + arg + "')";
+            error = "unknown option '" + arg + "'";
             return false;
         }
     }
-    return true;
+    if (scripts.size() > 1) error = "one demoscript only, not " + std::to_string(scripts.size());
+    if (!scripts.empty()) script = scripts.front();
+    return scripts.size() <= 1;
 }
