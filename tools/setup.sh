@@ -12,6 +12,7 @@ packages=(
   libpng-dev
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
+  ffmpeg parallel                  # the capture recipes of the README, run by the tests
   python3
 )
 
