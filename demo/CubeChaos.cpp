@@ -123,6 +123,29 @@ void CubeChaos::draw(unsigned int time) {
     Texture* picture = buffer->getColorBuffer();
     picture->bind();
 
+    // Unseen cubes are not built; only the spin below has to move on.
+    if (!pixelsDiscarded()) drawWall(time);
+    // The normal and texture corner of the last cube's last corner stay current, as after
+    // drawing corner by corner: effects drawn later without normals are lit by them.
+    if (countA > 0 && countB > 0) {
+        glNormal3f(-1, 0, 0);
+        glTexCoord2f(float((countB - 1) * (1.0 / countB)) + float(1.0 / countA), float((countA - 1) * (1.0 / countA)));
+    }
+
+    picture->release();
+    buffer->bind();
+    buffer->clear();
+    buffer->release();
+
+    const float frameTime = getFrameTime(time);
+    rotation += rotationSpeed * frameTime;
+    elapsed += frameTime;
+
+    // Lighting, culling and depth testing stay on for the effects that follow.
+    glDisable(GL_COLOR_MATERIAL);
+}
+
+void CubeChaos::drawWall(unsigned int time) {
     const double du = 1.0 / countA;
     const double dv = 1.0 / countB;
     const double t = double(time);
@@ -149,18 +172,6 @@ void CubeChaos::draw(unsigned int time) {
     drawCorners();
     // The last cube's matrix stays current, as it would after drawing cube by cube.
     glLoadMatrixf(matrix);
-
-    picture->release();
-    buffer->bind();
-    buffer->clear();
-    buffer->release();
-
-    const float frameTime = getFrameTime(time);
-    rotation += rotationSpeed * frameTime;
-    elapsed += frameTime;
-
-    // Lighting, culling and depth testing stay on for the effects that follow.
-    glDisable(GL_COLOR_MATERIAL);
 }
 
 namespace {

@@ -35,6 +35,7 @@ private:
     struct Vertex {
         float s, t, nx, ny, nz, x, y, z;  // the GL_T2F_N3F_V3F layout
     };
+    void drawWall(unsigned int time);
     static Vertex* addCube(Vertex* out, const float* matrix, float u, float v, float du, float dv, float halfSize);
     void drawCorners();
 
