@@ -84,7 +84,7 @@ void TimelineCheck::readDeclaration(int line, const std::string& text) {
         declaration = StringUtils::trim(labelled.getNext());
     }
     // A ";" left out joins the next call to this one, where it is read as arguments.
-    static const std::regex nextCall("[\\r\\n][^\\r\\n]*[A-Za-z_][A-Za-z0-9_]*\\s*\\.\\s*[A-Za-z_][A-Za-z0-9_]*\\s*\\(");
+    static const std::regex nextCall("[\\r\\n]\\s*([A-Za-z_]\\w*\\s*\\.\\s*[A-Za-z_]\\w*\\s*\\(|Checkpoint\\s)");
     std::smatch match;
     if (std::regex_search(declaration, match, nextCall)) {
         std::string lost = StringUtils::trim(declaration.substr(match.position(0) + 1));
