@@ -43,7 +43,7 @@ const ScriptLines::Kept* ScriptLines::find(std::size_t position) const {
 
 int ScriptLines::line(std::size_t position) const {
     const Kept* k = find(position);
-    return k == nullptr ? 0 : k->line;
+    return k == nullptr ? 1 : k->line;
 }
 
 std::size_t ScriptLines::fileOffset(std::size_t position) const {

@@ -11,7 +11,7 @@ public:
     // The file's text; lines end at LF, CR or CRLF, as the comment stripper cuts them.
     explicit ScriptLines(const std::string& fileText);
 
-    // Line (from 1) in the file of a position in the stripped text; 0 when unknown.
+    // Line (from 1) in the file of a position in the stripped text; 1 for an empty text.
     int line(std::size_t strippedPosition) const;
     // Byte offset in the file of a position in the stripped text.
     std::size_t fileOffset(std::size_t strippedPosition) const;

@@ -21,12 +21,22 @@ namespace {
 const int defaultLayer = 50;
 const int topLayer = 100;
 
-// What an effect class leaves of the culling switch after its draw: the tunnel turns
-// front-face culling on; these others set the switch themselves before they draw.
-const std::map<std::string, bool> cullingAfterDraw = {
-    {"TunnelEffect", true},        {"BouncingCubeEffect", true}, {"FlipTransitionEffect", true},
-    {"CubeChaos", true},           {"IntroLogoEffect", true},    {"DisplayTexture", false},
-    {"RasterEffect", false},       {"RasterFXEffect", false},
+// What an effect class does to face culling, which stays as it is left from one effect,
+// and one frame, to the next. The tunnel leaves front-face culling on; whoever draws
+// faces towards the camera without setting culling itself loses them then.
+struct CullingUse {
+    int leavesEnabled;  // -1 as it was, 0 off, 1 on
+    int leavesFront;    // -1 as it was, 0 back faces, 1 front faces
+    bool ownState;      // draws with a culling state it sets itself
+    bool enablesItself; // turns culling on for its own draw, in whatever mode is set
+};
+const std::map<std::string, CullingUse> cullingUse = {
+    {"TunnelEffect", {1, 1, true, false}},       {"CubeChaos", {1, 0, true, false}},
+    {"DisplayTexture", {0, -1, true, false}},    {"RasterFXEffect", {0, -1, true, false}},
+    {"RasterEffect", {-1, -1, true, false}},     {"BouncingCubeEffect", {1, -1, true, false}},
+    {"FlipTransitionEffect", {1, -1, true, false}}, {"IntroLogoEffect", {-1, -1, false, true}},
+    // The wipes only move the viewport: they draw no faces.
+    {"ScrollWipe", {-1, -1, true, false}},       {"BounceWipe", {-1, -1, true, false}},
 };
 
 std::string timeText(unsigned int ms) {
@@ -216,8 +226,8 @@ void TimelineCheck::playEvents() {
     }
 }
 
-// The tunnel leaves front-face culling on, and the effects drawn after it in the same
-// frame lose every face that looks at the camera, such as a fade's screen-sized quad.
+// The running effects in draw order, twice: the state a frame starts with is the one
+// the frame before left.
 void TimelineCheck::checkCulling(const std::map<std::string, Running>& running, int line) {
     std::vector<std::pair<std::string, std::string>> order;  // draw key, instance
     for (const auto& entry : running) {
@@ -226,21 +236,21 @@ void TimelineCheck::checkCulling(const std::map<std::string, Running>& running, 
         order.emplace_back(key + "_" + entry.first, entry.first);
     }
     std::sort(order.begin(), order.end());
-    std::string tunnel;
-    bool culling = false;
-    for (const auto& drawn : order) {
-        std::string className = classOf(drawn.second);
-        auto effect = cullingAfterDraw.find(className);
-        if (culling && effect == cullingAfterDraw.end() && reportedCulling.insert(drawn.second + "/" + tunnel).second)
-            diagnostics.warning(script.path(), line,
-                                "'" + drawn.second + "' (" + className + ") is drawn after the tunnel '" + tunnel +
-                                    "' in the same frame, and the tunnel leaves front-face culling on: it may not "
-                                    "show. Draw an effect that turns culling off between them, such as a "
-                                    "DisplayTexture");
-        if (effect == cullingAfterDraw.end()) continue;
-        if (className == "TunnelEffect") tunnel = drawn.second;
-        // Once the tunnel has set front-face culling, whoever turns culling on again gets it.
-        culling = effect->second && !tunnel.empty();
+    for (int frame = 0; frame < 2; ++frame) {
+        for (const auto& drawn : order) {
+            std::string className = classOf(drawn.second);
+            auto found = cullingUse.find(className);
+            CullingUse use = found != cullingUse.end() ? found->second : CullingUse{-1, -1, false, false};
+            bool culled = culling.front && (culling.enabled || use.enablesItself);
+            if (!use.ownState && culled && reportedCulling.insert(drawn.second + "/" + culling.tunnel).second)
+                diagnostics.warning(script.path(), line,
+                                    "'" + drawn.second + "' (" + className + ") is drawn after the tunnel '" +
+                                        culling.tunnel + "' left front-face culling on: it may not show; draw an "
+                                        "effect that turns culling off before it, such as a DisplayTexture");
+            if (use.leavesEnabled >= 0) culling.enabled = use.leavesEnabled == 1;
+            if (use.leavesFront >= 0) culling.front = use.leavesFront == 1;
+            if (className == "TunnelEffect") culling.tunnel = drawn.second;
+        }
     }
 }
 

@@ -49,4 +49,10 @@ private:
     std::set<std::string> usedNames;
     std::set<std::string> started;
     std::set<std::string> reportedCulling;
+    // The face culling a frame leaves behind; the demo starts with back faces culled.
+    struct {
+        bool enabled = true;
+        bool front = false;
+        std::string tunnel;
+    } culling;
 };

@@ -93,7 +93,7 @@ SILENT_MISTAKES = [
     ("unused resource", "logo = logo.png; }", "logo = logo.png; spare = font.png; }", "warning: graphics entry 'spare' is never used", 14),
     ("started twice", "fader.start(00:00:100);", "fader.start(00:00:100); fader.start(00:00:150);", "warning: 'fader' is started at 00:00:150", 20),
     ("fade after tunnel", "fader.start(00:00:100);", "fader.start(00:00:100); tube.start(00:00:000, 30); tube.stop(00:00:250);",
-     "warning: 'fader' (FadeEffect) is drawn after the tunnel 'tube'", 21),
+     "warning: 'fader' (FadeEffect) is drawn after the tunnel 'tube' left front-face culling on", 21),
 ]
 
 
