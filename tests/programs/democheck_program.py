@@ -195,6 +195,11 @@ def main():
         rc, out = democheck(work, "shader.txt")
         check(rc == 1 and re.search(r"^%s/shaders/plain\.frag:3: error: " % re.escape(work), out, re.M), "shader line", out)
 
+        # The effect tables of the documentation say what the .def files say.
+        docs = subprocess.run([os.path.join(BIN, "tools", "effectdocs"), "resources/definitions/", "docs/effects.md",
+                               "--check"], cwd=SRC, capture_output=True, text=True)
+        check(docs.returncode == 0, "docs/effects.md is up to date", docs.stderr)
+
         # Warnings pass unless asked to fail; bad usage is told apart.
         write(work, "warned.txt", BASE.replace("fader.start(00:00:100);", ""))
         check(democheck(work, "warned.txt")[0] == 0 and democheck(work, "warned.txt", "--werror")[0] == 1, "--werror")
