@@ -108,6 +108,26 @@ def png(path, colour_type, rows, cut=0):
         f.write(data[:len(data) - cut] if cut else data)
 
 
+def mean_grey(path):
+    """Mean channel value of an 8-bit RGB PNG as democapture writes it (rows unfiltered or 'sub')."""
+    data = open(path, "rb").read()
+    width, height = struct.unpack(">II", data[16:24])
+    idat, at = b"", 8
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at:at + 8])
+        idat += data[at + 8:at + 8 + length] if kind == b"IDAT" else b""
+        at += 12 + length
+    raw, stride, total = zlib.decompress(idat), width * 3, 0
+    for y in range(height):
+        row = raw[y * (stride + 1) + 1:(y + 1) * (stride + 1)]
+        kind = raw[y * (stride + 1)]
+        row = bytearray(row)
+        for x in range(3, stride if kind == 1 else 0):
+            row[x] = (row[x] + row[x - 3]) & 255
+        total += sum(row)
+    return total / (width * height * 3)
+
+
 def setup(work):
     for d in ("resources/scripts", "gfx", "shaders"):
         os.makedirs(os.path.join(work, d), exist_ok=True)
@@ -152,6 +172,16 @@ def main():
         rc, out = subprocess.run([os.path.join(BIN, "democheck")], cwd=SRC, env=NO_DISPLAY, capture_output=True,
                                  text=True).returncode, None
         check(rc == 0, "the bundled demo checks clean")
+
+        # The tutorial's demo is clean and plays: the flash on the beat at 7.68 s fills the screen.
+        rc, out = democheck(SRC, "tutorial.txt")
+        check(rc == 0 and out.endswith(": 0 errors, 0 warnings\n"), "tutorial checks clean", out)
+        shots = os.path.join(work, "shots")
+        capture = subprocess.run([os.path.join(BIN, "democapture"), "tutorial.txt", "--fps", "10", "--size", "64x48",
+                                  "--frames", "77-77", "--no-audio", "--out", shots], cwd=SRC, env=NO_DISPLAY,
+                                 capture_output=True, timeout=120)
+        frame = os.path.join(shots, "frame_000077.png")
+        check(capture.returncode == 0 and os.path.exists(frame) and mean_grey(frame) > 200, "tutorial plays")
 
         for what, old, new in ENGINE_MISTAKES:
             assert old in BASE, what
