@@ -68,7 +68,8 @@ bool ResourceCheck::isFile(const std::string& file, const std::string& block, co
                            const std::string& message) {
     std::error_code ignored;
     if (std::filesystem::is_regular_file(file, ignored)) return true;
-    error(block, key, message);
+    // A folder of that name is there, but the readers cannot take it.
+    error(block, key, std::filesystem::exists(file, ignored) ? "'" + file + "' is not a file" : message);
     return false;
 }
 
@@ -185,7 +186,13 @@ void ResourceCheck::animations() {
     if (animation == nullptr) return;
     std::string dir = path("misc");
     for (int i = 0; i < animation->size(); ++i) {
-        AnimationParser parser(dir + animation->getValue(i));
+        std::string file = dir + animation->getValue(i);
+        std::error_code ignored;
+        if (std::filesystem::exists(file, ignored) && !std::filesystem::is_regular_file(file, ignored)) {
+            error("animation", animation->getKey(i), "'" + file + "' is not a file");
+            continue;
+        }
+        AnimationParser parser(file);
         std::unique_ptr<Animation> result(parser.parse());
         if (!parser.isValid()) error("animation", animation->getKey(i), parser.getErrorMessage());
     }

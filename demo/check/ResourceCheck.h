@@ -28,7 +28,8 @@ private:
     std::string path(const std::string& key);
     int line(const std::string& block, const std::string& key);
     void error(const std::string& block, const std::string& key, const std::string& message);
-    // The file exists and is a regular file; otherwise the loader's message is reported.
+    // The file exists and is a regular file; otherwise the loader's message (for a missing
+    // file) or a message of its own (for a folder) is reported.
     bool isFile(const std::string& file, const std::string& block, const std::string& key,
                 const std::string& message);
     void compileShader(const std::string& file, const std::string& source, bool vertex);
