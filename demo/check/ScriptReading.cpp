@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include "demo/check/Diagnostics.h"
@@ -101,13 +100,16 @@ void ScriptReading::checkText() {
         working.replace(0, byteOrderMark.size(), "");
     }
     std::string text = withoutComments(working);
-    static const std::regex emptyBlock("([^{};]*\\*[^{};]*)\\{\\s*\\}");
-    for (std::sregex_iterator it(text.begin(), text.end(), emptyBlock), end; it != end; ++it) {
-        std::string block = (*it)[1].str();
-        size_t first = block.find_first_not_of(" \t\r\n");
+    for (size_t open = text.find('{'); open != std::string::npos; open = text.find('{', open + 1)) {
+        size_t next = text.find_first_not_of(" \t\r\n", open + 1);
+        if (next == std::string::npos || text[next] != '}') continue;
+        size_t start = text.find_last_of("{};", open == 0 ? 0 : open - 1);
+        start = start == std::string::npos || open == 0 ? 0 : start + 1;
+        std::string block = text.substr(start, open - start);
+        if (block.find('*') == std::string::npos) continue;
         std::string instance = StringUtils::trim(block.substr(0, block.find('*')));
         dropped.insert(instance);
-        diagnostics.error(scriptPath, lineAt(text, it->position(1) + (first == std::string::npos ? 0 : first)),
+        diagnostics.error(scriptPath, lineAt(text, text.find_first_not_of(" \t\r\n", start)),
                           "effect block '" + StringUtils::trim(block) +
                               "' is empty: the reader skips it, so every use of '" + instance +
                               "' fails with \"Script object '" + instance + "' not found\"; give it a parameter "
@@ -159,17 +161,22 @@ void ScriptReading::blank(size_t begin, size_t end) {
 
 // Every definition is needed to read any block: a broken one ends the check.
 bool ScriptReading::definitionError(const std::string& message) {
-    static const std::regex badBlock("File : (.*)'\\nblock name '(.*)' is not valid");
-    std::smatch match;
-    if (std::regex_search(message, match, badBlock)) {
-        std::string file = match[1].str();
+    // "File : PATH'\nblock name 'NAME' is not valid": the block is found in the file.
+    const std::string fileMark = "File : ";
+    const std::string nameMark = "'\nblock name '";
+    size_t file = message.find(fileMark);
+    size_t name = file == std::string::npos ? file : message.find(nameMark, file);
+    size_t nameEnd = name == std::string::npos ? name : message.find("' is not valid", name);
+    if (nameEnd != std::string::npos) {
+        std::string path = message.substr(file + fileMark.size(), name - file - fileMark.size());
+        std::string block = message.substr(name + nameMark.size(), nameEnd - name - nameMark.size());
         std::string defText;
         int line = 1;
-        if (readFile(file, defText)) {
-            size_t at = withoutComments(defText).find(match[2].str());
+        if (readFile(path, defText)) {
+            size_t at = withoutComments(defText).find(block);
             if (at != std::string::npos) line = lineAt(defText, at);
         }
-        diagnostics.error(file, line, message);
+        diagnostics.error(path, line, message);
     } else {
         int line = last->getLine("paths", "definition");
         diagnostics.error(scriptPath, line > 0 ? line : last->getLine("paths"), message);

@@ -4,7 +4,6 @@
 #include <glslang/Public/ShaderLang.h>
 
 #include <memory>
-#include <regex>
 #include <sstream>
 
 namespace {
@@ -14,16 +13,22 @@ const int glslVersion = 110;
 
 // glslang's log: one "ERROR: 0:LINE: text" line per problem, then a count.
 std::vector<ShaderCompiler::Problem> problems(const std::string& log) {
-    static const std::regex located("^ERROR: [0-9]+:([0-9]+): (.*)$");
+    const std::string mark = "ERROR: ";
     std::vector<ShaderCompiler::Problem> found;
     std::istringstream lines(log);
     std::string line;
     while (std::getline(lines, line)) {
-        std::smatch match;
-        if (std::regex_match(line, match, located))
-            found.push_back({std::stoi(match[1].str()), match[2].str()});
-        else if (line.compare(0, 7, "ERROR: ") == 0 && line.find("compilation errors") == std::string::npos)
-            found.push_back({0, line.substr(7)});
+        if (line.compare(0, mark.size(), mark) != 0 || line.find("compilation errors") != std::string::npos) continue;
+        std::string text = line.substr(mark.size());
+        // "0:LINE: text": the string's number, then the line.
+        size_t first = text.find(':');
+        size_t second = first == std::string::npos ? first : text.find(": ", first + 1);
+        std::string number = second == std::string::npos ? "" : text.substr(first + 1, second - first - 1);
+        bool located = !number.empty() && number.find_first_not_of("0123456789") == std::string::npos;
+        if (located)
+            found.push_back({std::stoi(number), text.substr(second + 2)});
+        else
+            found.push_back({0, text});
     }
     if (found.empty()) found.push_back({0, log});
     return found;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <regex>
+#include <cctype>
 
 #include "demo/check/Diagnostics.h"
 #include "demo/check/ScriptReading.h"
@@ -46,6 +46,41 @@ std::string timeText(unsigned int ms) {
     return text;
 }
 
+bool digits(const std::string& text, size_t from, size_t count) {
+    if (from + count > text.size()) return false;
+    for (size_t i = from; i < from + count; ++i)
+        if (text[i] < '0' || text[i] > '9') return false;
+    return true;
+}
+
+// mm:ss:mmm, the minutes with two digits or more.
+bool writtenAsTime(const std::string& text) {
+    size_t colon = text.find(':');
+    return colon != std::string::npos && colon >= 2 && digits(text, 0, colon) && text.size() == colon + 7 &&
+           digits(text, colon + 1, 2) && text[colon + 1] <= '5' && text[colon + 3] == ':' &&
+           digits(text, colon + 4, 3);
+}
+
+size_t skipBlanks(const std::string& text, size_t at) {
+    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
+    return at;
+}
+
+size_t skipWord(const std::string& text, size_t at) {
+    size_t start = at;
+    while (at < text.size() && (std::isalnum(static_cast<unsigned char>(text[at])) || text[at] == '_')) ++at;
+    return at > start && !std::isdigit(static_cast<unsigned char>(text[start])) ? at : std::string::npos;
+}
+
+// A line that starts a declaration of its own: "object.method(" or "Checkpoint ".
+bool startsDeclaration(const std::string& line) {
+    if (line.compare(0, 11, "Checkpoint ") == 0) return true;
+    size_t at = skipWord(line, 0);
+    if (at == std::string::npos || (at = skipBlanks(line, at)) >= line.size() || line[at] != '.') return false;
+    at = skipWord(line, skipBlanks(line, at + 1));
+    return at != std::string::npos && (at = skipBlanks(line, at)) < line.size() && line[at] == '(';
+}
+
 // A resource named by block[key] in a value counts by its key.
 std::string referenced(const std::string& value) {
     size_t open = value.find('[');
@@ -78,8 +113,7 @@ std::string TimelineCheck::classOf(const std::string& instance) {
 
 // QLNTime reads "0:8" as 0 and takes any number of digits: only mm:ss:mmm says what it means.
 bool TimelineCheck::checkTime(int line, const std::string& text, const std::string& what) {
-    static const std::regex written("[0-9]{2,}:[0-5][0-9]:[0-9]{3}");
-    if (std::regex_match(text, written)) return true;
+    if (writtenAsTime(text)) return true;
     diagnostics.error(script.path(), line,
                       "time '" + text + "' of " + what + " is not written mm:ss:mmm: it reads as " +
                           timeText(QLNTime(text).getTicks()) + "; write for example 00:08:000");
@@ -94,13 +128,14 @@ void TimelineCheck::readDeclaration(int line, const std::string& text) {
         declaration = StringUtils::trim(labelled.getNext());
     }
     // A ";" left out joins the next call to this one, where it is read as arguments.
-    static const std::regex nextCall("[\\r\\n]\\s*([A-Za-z_]\\w*\\s*\\.\\s*[A-Za-z_]\\w*\\s*\\(|Checkpoint\\s)");
-    std::smatch match;
-    if (std::regex_search(declaration, match, nextCall)) {
-        std::string lost = StringUtils::trim(declaration.substr(match.position(0) + 1));
+    for (size_t end = declaration.find_first_of("\r\n"); end != std::string::npos;
+         end = declaration.find_first_of("\r\n", end + 1)) {
+        std::string lost = StringUtils::trim(declaration.substr(end + 1));
+        lost = lost.substr(0, lost.find_first_of("\r\n"));
+        if (!startsDeclaration(lost)) continue;
         diagnostics.error(script.path(), line,
-                          "a ';' is missing at the end of this line: the declaration runs on into '" +
-                              lost.substr(0, lost.find_first_of("\r\n")) + "', which is lost");
+                          "a ';' is missing at the end of this line: the declaration runs on into '" + lost +
+                              "', which is lost");
         return;
     }
     StringTokenizer parts(declaration, ".");
