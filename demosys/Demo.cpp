@@ -53,6 +53,8 @@ void Demo::setWindowTitle(string title) { windowTitle = title; }
 
 void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
 
+void Demo::setFrameFilter(std::function<bool()> filter) { frameFilter = std::move(filter); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -118,6 +120,7 @@ void Demo::run() {
         QLNDemosys::soundUpdate();
         if (QLNDemosys::getMillisecondsElapsed() > QLNDemosys::stopTime.getTicks()) QLNDemosys::setQuit(true);
         frameMarker = -1;
+        const bool shown = !frameFilter || frameFilter();
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         QLNDemosys::screenMetrics->setView();
@@ -137,9 +140,9 @@ void Demo::run() {
             camera.setGLMatrixes();
         }
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
-        glFinish();
+        if (shown) glFinish();
         if (frameObserver) frameObserver();
-        SDL_GL_SwapBuffers();
+        if (shown) SDL_GL_SwapBuffers();
         ++QLNDemosys::frames;
     }
     cout << "Duration : " << QLNTime(QLNDemosys::getMillisecondsElapsed()).toString() << endl;
