@@ -57,6 +57,8 @@ void Demo::setEventObserver(std::function<void(const SDL_Event&)> observer) { ev
 
 void Demo::setFrameStartHook(std::function<void()> hook) { frameStartHook = std::move(hook); }
 
+void Demo::setFrameFilter(std::function<bool()> filter) { frameFilter = std::move(filter); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -122,6 +124,7 @@ void Demo::run() {
         QLNDemosys::soundUpdate();
         if (QLNDemosys::getMillisecondsElapsed() > QLNDemosys::stopTime.getTicks()) QLNDemosys::setQuit(true);
         frameMarker = -1;
+        const bool shown = !frameFilter || frameFilter();
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         QLNDemosys::screenMetrics->setView();
@@ -142,9 +145,9 @@ void Demo::run() {
             camera.setGLMatrixes();
         }
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
-        glFinish();
+        if (shown) glFinish();
         if (frameObserver) frameObserver();
-        SDL_GL_SwapBuffers();
+        if (shown) SDL_GL_SwapBuffers();
         ++QLNDemosys::frames;
     }
     cout << "Duration : " << QLNTime(QLNDemosys::getMillisecondsElapsed()).toString() << endl;

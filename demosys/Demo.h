@@ -28,6 +28,10 @@ public:
     void setEventObserver(std::function<void(const SDL_Event&)> observer);
     void setFrameStartHook(std::function<void()> hook);
     std::string getScriptPath() const { return scriptPath + scriptName; }
+    // Asked at the start of every frame, before anything is drawn, whether the frame is
+    // shown. A frame that is not still runs its events and effects (their state moves on)
+    // but is neither finished nor swapped: frame capture skips to a range this way.
+    void setFrameFilter(std::function<bool()> filter);
 
     bool load(ScreenMetrics* screenMetrics);
     void init();
@@ -54,6 +58,7 @@ private:
     std::function<void()> frameObserver;
     std::function<void(const SDL_Event&)> eventObserver;
     std::function<void()> frameStartHook;
+    std::function<bool()> frameFilter;
 
     void clearCameraFlags();
     // Runs one loader stage, keeping its message; false once the demo has failed.

@@ -1,6 +1,7 @@
 #include "demosys/DemoScriptParser.h"
 
 #include <exception>
+#include <algorithm>
 #include <iostream>
 #include <vector>
 
@@ -10,9 +11,11 @@
 #include "demosys/EffectDefinition.h"
 #include "demosys/EffectDefinitionParser.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScriptDefaults.h"
+#include "demosys/ValueType.h"
 #include "qlnutils/File.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
@@ -37,22 +40,10 @@ ParameterGroup* defaultsOf(EffectDefinition* definition) {
     Parameters* declared = definition->getParameters();
     for (int i = 0; i < declared->size(); ++i) {
         ParameterGroup* attributes = declared->getValue(i);
-        std::string value = attributes->exist("default") ? attributes->getParameter("default") : "";
+        std::string value = ParameterReader::text(attributes, "default");
         defaults->addParameter(declared->getKey(i), value);
     }
     return defaults;
-}
-
-// A path that cannot be read as a file (a directory, say) counts as not found.
-bool readWholeFile(const std::string& name, std::string& text) {
-    try {
-        File file(name, 0);
-        if (!file.exists()) return false;
-        text = file.getAsString();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
 }
 
 }  // namespace
@@ -66,12 +57,13 @@ DemoScriptParser::DemoScriptParser(std::string fileName)
       doParseDefaults(false),
       debug(false) {
     std::string text;
-    if (!readWholeFile(fileName, text)) {
+    if (!File::readWholeFile(fileName, text)) {
         errorMessage = "DemoScriptParser : '" + fileName + "' not found!";
         valid = false;
         return;
     }
     scriptText = stripComments(text);
+    lines = ScriptLines(text);
 }
 
 DemoScriptParser::~DemoScriptParser() {
@@ -86,6 +78,32 @@ void DemoScriptParser::parseDefaults(bool value) { doParseDefaults = value; }
 bool DemoScriptParser::isValid() { return valid; }
 
 std::string DemoScriptParser::getErrorMessage() { return errorMessage; }
+
+int DemoScriptParser::getErrorLine() { return valid ? 0 : lines.line(errorBegin); }
+
+std::size_t DemoScriptParser::getErrorBegin() { return lines.fileOffset(errorBegin); }
+
+std::size_t DemoScriptParser::getErrorEnd() {
+    return errorEnd > errorBegin ? lines.fileOffset(errorEnd - 1) + 1 : getErrorBegin();
+}
+
+int DemoScriptParser::getLine(const std::string& block, const std::string& key) {
+    auto found = lineIndex.find(key.empty() ? block : block + '\n' + key);
+    return found == lineIndex.end() ? 0 : found->second;
+}
+
+void DemoScriptParser::mark(std::size_t begin, std::size_t end) {
+    markBegin = begin;
+    markEnd = end;
+}
+
+void DemoScriptParser::markStatement(const std::string& key) {
+    auto found = statementAt.find(key);
+    if (found == statementAt.end())
+        mark(blockBegin, blockEnd);
+    else
+        mark(found->second.first, found->second.second);
+}
 
 ScriptDefaults* DemoScriptParser::getScriptDefaults() { return scriptDefaults; }
 
@@ -136,6 +154,8 @@ DataEventPool* DemoScriptParser::eventTemplates() {
 }
 
 void DemoScriptParser::fail(const std::string& message) {
+    errorBegin = markBegin;
+    errorEnd = markEnd;
     valid = false;
     errorMessage = message;
     delete currentGroup;
@@ -158,23 +178,38 @@ bool DemoScriptParser::parse() {
     std::string head = tokens.getNext();
     head += tokens.getNext();
     head += tokens.getNext();
+    // Tokens are found again in the text, in order, to know where each one is.
+    std::size_t cursor = scriptText.find('}');
+    cursor = cursor == std::string::npos ? 0 : cursor + 1;
+    mark(0, cursor);
     if (!checkHeader(head)) {
         fail("Error while parsing demoscript!\nInvalid Script Header\nHeader : '" + head + "'\n");
         return false;
     }
 
     while (tokens.hasMoreTokens()) {
-        std::string name = StringUtils::trim(stripComments(tokens.getNext()));
+        std::string rawName = tokens.getNext();
+        std::string name = StringUtils::trim(stripComments(rawName));
+        blockBegin = std::min(scriptText.find(StringUtils::trim(rawName), cursor), scriptText.size());
+        cursor = blockBegin + StringUtils::trim(rawName).size();
+        mark(blockBegin, cursor);
+        lineIndex[isEffectDefinition(name) ? getEffectName(name) : name] = lines.line(blockBegin);
         if (StringUtils::trim(tokens.getNext()) != "{") {
             fail(mismatchingBrackets(name));
             return false;
         }
-        std::string body = stripComments(tokens.getNext());
+        std::string rawBody = tokens.getNext();
+        std::string body = stripComments(rawBody);
+        bodyBegin = std::min(scriptText.find(rawBody, cursor), scriptText.size());
+        cursor = bodyBegin + rawBody.size();
+        blockEnd = cursor;
         if (body == "}") continue;  // an empty block makes no group at all
         if (StringUtils::trim(tokens.getNext()) != "}") {
             fail(mismatchingBrackets(name));
             return false;
         }
+        blockEnd = ++cursor;
+        mark(blockBegin, blockEnd);
         if (!parseBlock(name, body)) return false;
     }
     return valid;
@@ -182,6 +217,7 @@ bool DemoScriptParser::parse() {
 
 bool DemoScriptParser::parseBlock(const std::string& name, const std::string& body) {
     if (name == "timeline") {
+        timelineBegin = bodyBegin;
         timelineText = body;
         return true;
     }
@@ -225,8 +261,14 @@ bool DemoScriptParser::selectCurrentGroup(const std::string& name) {
 
 bool DemoScriptParser::readStatements(const std::string& name, const std::string& body) {
     StringTokenizer statements(body, ";");
+    statementAt.clear();
+    std::size_t cursor = bodyBegin;
     while (statements.hasMoreTokens()) {
-        StringTokenizer pieces(StringUtils::trim(statements.getNext()), "=");
+        std::string statement = StringUtils::trim(statements.getNext());
+        std::size_t at = std::min(scriptText.find(statement, cursor), scriptText.size());
+        cursor = at + statement.size();
+        mark(at, cursor);
+        StringTokenizer pieces(statement, "=");
         std::string key = StringUtils::trim(pieces.getNext());
         std::string value = StringUtils::trim(pieces.getNext());
         std::string start = "Error while parsing demoscript!\nBlock : '" + name + "'\nError: Parameter '" + key;
@@ -245,6 +287,8 @@ bool DemoScriptParser::readStatements(const std::string& name, const std::string
             return false;
         }
         currentGroup->addParameter(key, value);
+        statementAt[key] = std::make_pair(at, cursor);
+        lineIndex[(isEffectDefinition(name) ? getEffectName(name) : name) + '\n' + key] = lines.line(at);
     }
     return true;
 }
@@ -253,6 +297,7 @@ bool DemoScriptParser::storeEffectBlock(const std::string& name) {
     std::string instance = getEffectName(name);
     std::string className = getEffectClass(name);
     std::string start = "Error while parsing demoscript!\nBlock : '" + instance + "' (Effect Definition)\n";
+    mark(blockBegin, blockEnd);
 
     DataEffectPool* templates = templatePool();
     if (templates == nullptr || !templates->exist(className)) {
@@ -281,32 +326,25 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
                                      const std::string& key, const std::string& value) {
     std::string message = "Error while parsing demoscript!\nBlock : '" + instance + "' (Effect Definition)\n" +
                           "Parameter :  '" + key + "'\n";
+    markStatement(key);
     EffectDefinition* definition = scriptDefaults->getEffectDefinition(className);
     if (definition == nullptr || !definition->hasParameter(key)) {
         fail(message + "Error :  Not defined as a valid parameter for " + className + "\n");
         return false;
     }
     ParameterGroup* attributes = definition->getParameter(key);
-    std::string type = attributes->exist("type") ? attributes->getParameter("type") : "";
+    std::string type = ParameterReader::text(attributes, "type");
     message += "Value :  '" + value + "'\n";
 
-    if (type == "float") {
-        if (StringUtils::isFloat(value)) return true;
-        fail(message + "Error :  value is not a float as defined in " + className + ".def\n");
+    ValueType::Kind kind = ValueType::ofParameter(type);
+    if (kind != ValueType::String && kind != ValueType::Unknown) {
+        if (ValueType::accepts(kind, value)) return true;
+        fail(message + "Error :  value is not " + ValueType::parameterNoun(kind) + " as defined in " + className +
+             ".def\n");
         return false;
     }
-    if (type == "int") {
-        if (StringUtils::isInt(value)) return true;
-        fail(message + "Error :  value is not an int as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "bool") {
-        if (StringUtils::isBool(value)) return true;
-        fail(message + "Error :  value is not a bool as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "string") {
-        std::string options = attributes->exist("values") ? attributes->getParameter("values") : "";
+    if (kind == ValueType::String) {
+        std::string options = ParameterReader::text(attributes, "values");
         if (options != "<string>") {
             bool allowed = false;
             StringTokenizer option(options, ",");
@@ -336,7 +374,7 @@ bool DemoScriptParser::loadDefinitions() {
     scriptDefaults = new ScriptDefaults();
 
     ParameterGroup* paths = collections[systemParameters]->getGroup("paths");
-    std::string path = paths != nullptr && paths->exist("definition") ? paths->getParameter("definition") : "";
+    std::string path = ParameterReader::text(paths, "definition");
     std::cout << "path = " << path << std::endl;
 
     std::vector<std::string> names;
@@ -356,8 +394,7 @@ bool DemoScriptParser::loadDefinitions() {
         EffectDefinitionParser parser(path + name + ".def");
         EffectDefinition* definition = parser.parse();
         if (definition == nullptr) {
-            valid = false;
-            errorMessage = parser.getErrorMessage();
+            fail(parser.getErrorMessage());
             return false;
         }
         EffectDefinition* previous = scriptDefaults->exists(name) ? scriptDefaults->getEffectDefinition(name) : nullptr;
@@ -401,8 +438,7 @@ std::string DemoScriptParser::errorStringOMP(std::string object, std::string met
 }
 
 std::string DemoScriptParser::forceStringLength(std::string text, unsigned int length) {
-    while (text.length() < length) text = "0" + text;
-    return text;
+    return StringUtils::zeroPad(text, length);
 }
 
 bool DemoScriptParser::checkHeader(std::string text) { return text == header; }

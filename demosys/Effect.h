@@ -10,6 +10,9 @@ class Effect {
 public:
     Effect();
     virtual ~Effect();
+    // Effects are cloned through getInstance(), never copied: many own GL objects.
+    Effect(const Effect&) = delete;
+    Effect& operator=(const Effect&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();
@@ -33,6 +36,11 @@ public:
     // Time since the last modify event (unsigned, may wrap).
     unsigned int getModifyTicks(unsigned int now);
     float getModifyTime(unsigned int now);
+
+    // True while nothing drawn reaches a pixel (frame capture runs the frames before its
+    // range so): an effect may then skip geometry that only makes pixels, as long as its
+    // fields and the OpenGL state it leaves behind come out as after a real draw.
+    static bool pixelsDiscarded();
 
 protected:
     ParameterGroup* parameters;  // not owned

@@ -16,6 +16,7 @@
 #include "demosys/ActionPool.h"
 #include "demosys/DataFBOPool.h"
 #include "demosys/FrameBufferObject.h"
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/QLNDemosys.h"
 #include "gl/FrameBytes.h"
@@ -34,12 +35,7 @@ class PictureEffect : public Effect {
 public:
     bool halves = false;
     void draw(unsigned int) override {
-        glMatrixMode(GL_PROJECTION);
-        glPushMatrix();
-        glLoadIdentity();
-        glMatrixMode(GL_MODELVIEW);
-        glPushMatrix();
-        glLoadIdentity();
+        GLHelpers::pushIdentityMatrices();
         glDisable(GL_LIGHTING);
         glDisable(GL_DEPTH_TEST);
         glDisable(GL_TEXTURE_2D);
@@ -53,10 +49,7 @@ public:
             glstate::fillRect(0, -1, 1, 1);
         }
         glColor3f(1, 1, 1);
-        glMatrixMode(GL_PROJECTION);
-        glPopMatrix();
-        glMatrixMode(GL_MODELVIEW);
-        glPopMatrix();
+        GLHelpers::popMatrices();
     }
 };
 

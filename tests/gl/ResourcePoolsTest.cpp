@@ -73,7 +73,8 @@ TEST(TexturePool, SameAliasTwiceKeepsOneEntryAndBothFiles) {
     DataTexturePool* pool = new DataTexturePool();
     GLuint first = newTextureName(), second = newTextureName();
     pool->addTexture("logo", "logo-a.png", first);
-    pool->addTexture("logo", "logo-b.png", second);
+    Texture* replaced = pool->getTexture("logo");
+    pool->addTexture("logo", "logo-b.png", second);  // overwrites without deleting
 
     EXPECT_EQ(pool->size(), 2);
     std::map<std::string, std::string> files = pool->getFilemap();
@@ -88,8 +89,9 @@ TEST(TexturePool, SameAliasTwiceKeepsOneEntryAndBothFiles) {
 
     std::string out = captureStdout([&] { delete pool; });
     EXPECT_EQ(out, "[Dispose texturePool]\n -> delete texture 'logo'\n");
-    EXPECT_FALSE(glIsTexture(first));
+    EXPECT_TRUE(glIsTexture(first));
     EXPECT_FALSE(glIsTexture(second));
+    delete replaced;
 }
 
 TEST(ShaderAndFBOPools, ReportTheirObjectsAndDeleteThemQuietly) {

@@ -102,6 +102,7 @@ TEST_F(StartEffectTest, DefinitionDeclaresNoMethodsAndItsDefaultsChangeNothing) 
     EXPECT_FALSE(definition->hasMethods() && definition->getMethods()->size() > 0);
     // A script block needs one entry to exist at all; the effect reads none.
     action.removeAll();
+    std::unique_ptr<Effect> replaced(effect);  // the pool does not delete what a new "fx" replaces
     StartEffect prototype;
     startWithDefaults(prototype, *definition);
     draw(910);

@@ -207,7 +207,7 @@ TEST(DataAnimationPool, OwnsItsAnimationsAndCountsEveryAdd) {
     Animation* path = new Animation();
     path->addKeyframe(new Keyframe());
     pool->addAnimation("camPath", path);
-    pool->addAnimation("camPath", new Animation());  // name taken again: counted all the same
+    pool->addAnimation("camPath", new Animation());  // name taken again: counted all the same, not deleted
     pool->addAnimation("empty", nullptr);
     EXPECT_EQ(3, pool->size());
     EXPECT_TRUE(pool->exist("camPath"));
@@ -218,4 +218,6 @@ TEST(DataAnimationPool, OwnsItsAnimationsAndCountsEveryAdd) {
     EXPECT_EQ(0u, report.find("AnimationPool {\n    camPath = Animation {\n"));
     EXPECT_EQ("}\n", report.substr(report.size() - 2));
     EXPECT_EQ("[Dispose animationPool]\n -> delete camPath\n -> delete empty\n", captureStdout([&] { delete pool; }));
+    EXPECT_EQ(1, path->countKeyFrames());  // still the caller's
+    delete path;
 }

@@ -481,31 +481,6 @@ TEST(ObjConverter, ObjectFileHasTheEnginesByteLayout) {
     EXPECT_EQ(le32(b, triangles + 12), 2u);
 }
 
-TEST(ObjConverter, BundledModelsConvertIntoTheirNamedMeshes) {
-    std::vector<MeshData> logo, star, cube;
-    std::string error;
-    ASSERT_TRUE(MeshFile::decode(readFile(resources() + "/objects/logo.qlo"), logo, error)) << error;
-    ASSERT_TRUE(MeshFile::decode(readFile(resources() + "/objects/star.qlo"), star, error)) << error;
-    ASSERT_TRUE(MeshFile::decode(readFile(resources() + "/objects/cube.qlo"), cube, error)) << error;
-    ASSERT_EQ(logo.size(), 3u);
-    EXPECT_EQ(logo[0].name, "letter_q");
-    EXPECT_EQ(logo[1].name, "letter_l");
-    EXPECT_EQ(logo[2].name, "letter_n");
-    for (const MeshData& m : logo) {
-        EXPECT_TRUE(m.hasMaterial) << m.name;
-        EXPECT_EQ(m.uvSize, 2);
-    }
-    ASSERT_EQ(star.size(), 1u);
-    EXPECT_EQ(star[0].triangleCount(), 2 * 8 + 10 * 2) << "two concave caps and ten sides";
-    ASSERT_EQ(cube.size(), 1u);
-    EXPECT_EQ(cube[0].name, "cube");
-    EXPECT_EQ(cube[0].vertexCount(), 24);
-    EXPECT_EQ(cube[0].triangleCount(), 12);
-    for (const auto* meshes : {&logo, &star, &cube})
-        for (const MeshData& m : *meshes)
-            for (int32_t index : m.indices) ASSERT_TRUE(index >= 0 && index < m.vertexCount()) << m.name;
-}
-
 TEST(ObjConverter, BundledObjectFilesWalkCleanlyWithTheEnginesFileReaders) {
     // The reading order of the engine's scene loader, on its own little-endian readers:
     // every count must land exactly on the end of the file.

@@ -16,7 +16,7 @@ TEST(ObjectPool, CountsAddsListsScenesInNameOrderAndDisposesThem) {
     QLNScene* asteroid = new QLNScene();
     QLNScene* firstShip = new QLNScene();
     pool->addObject("ship", firstShip);
-    pool->addObject("ship", ship);  // replaces, and still counts
+    pool->addObject("ship", ship);  // replaces without deleting, and still counts
     pool->addObject("asteroid", asteroid);
 
     EXPECT_EQ(pool->size(), 3);
@@ -31,6 +31,7 @@ TEST(ObjectPool, CountsAddsListsScenesInNameOrderAndDisposesThem) {
 
     std::string out = captureStdout([&] { delete pool; });
     EXPECT_EQ(out, "[Dispose objectPool]\n -> delete asteroid\n -> delete ship\n");
+    delete firstShip;  // still the caller's
 }
 
 TEST(ShaderPool, MissingNameIsEnteredEmptyAndReported) {

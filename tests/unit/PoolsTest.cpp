@@ -97,9 +97,10 @@ TEST(DataEventPool, ReportsItsPrototypesAndNothingWhenEmpty) {
 
 TEST(DataBinaryPool, KeysInByteOrderAndCountsEveryAdd) {
     DataBinaryPool* pool = new DataBinaryPool();
-    pool->addData("noise", new Binary({1, 2, 3}));
+    Binary* first = new Binary({1, 2, 3});
+    pool->addData("noise", first);
     pool->addData("Music", new Binary({9}));
-    pool->addData("noise", new Binary({4, 5}));  // name taken again
+    pool->addData("noise", new Binary({4, 5}));  // name taken again; the first stays the caller's
     EXPECT_EQ(3, pool->size());
     EXPECT_EQ(1u, pool->getData(0)->size());  // "Music" sorts before "noise"
     EXPECT_EQ(2u, pool->getData(1)->size());
@@ -115,4 +116,5 @@ TEST(DataBinaryPool, KeysInByteOrderAndCountsEveryAdd) {
         "}\n",
         pool->toString());
     EXPECT_EQ("[Dispose binaryPool]\n -> delete Music\n -> delete noise\n", captureStdout([&] { delete pool; }));
+    delete first;
 }
