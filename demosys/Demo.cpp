@@ -53,6 +53,10 @@ void Demo::setWindowTitle(string title) { windowTitle = title; }
 
 void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
 
+void Demo::setEventObserver(std::function<void(const SDL_Event&)> observer) { eventObserver = std::move(observer); }
+
+void Demo::setFrameStartHook(std::function<void()> hook) { frameStartHook = std::move(hook); }
+
 void Demo::setFrameFilter(std::function<bool()> filter) { frameFilter = std::move(filter); }
 
 bool Demo::stage(bool result) {
@@ -128,6 +132,7 @@ void Demo::run() {
         glLoadIdentity();
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         keyEvents();
+        if (frameStartHook) frameStartHook();
         QLNDemosys::timeline->watch();
         if (QLNDemosys::cameraActive) {
             Camera& camera = QLNDemosys::camera;
@@ -157,6 +162,7 @@ void Demo::keyEvents() {
             cout << "Screen resize (" << event.resize.w << "," << event.resize.h << ")" << endl;
             QLNDemosys::screenMetrics->resize(event.resize.w, event.resize.h);
         }
+        if (eventObserver) eventObserver(event);
     }
 }
 
