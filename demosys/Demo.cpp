@@ -54,6 +54,12 @@ void Demo::setWindowTitle(string title) { windowTitle = title; }
 
 void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
 
+void Demo::setEventObserver(std::function<void(const SDL_Event&)> observer) { eventObserver = std::move(observer); }
+
+void Demo::setFrameStartHook(std::function<void()> hook) { frameStartHook = std::move(hook); }
+
+void Demo::setFrameFilter(std::function<bool()> filter) { frameFilter = std::move(filter); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -119,6 +125,7 @@ void Demo::run() {
         QLNDemosys::soundUpdate();
         if (QLNDemosys::getMillisecondsElapsed() > QLNDemosys::stopTime.getTicks()) QLNDemosys::setQuit(true);
         frameMarker = -1;
+        const bool shown = !frameFilter || frameFilter();
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         QLNDemosys::screenMetrics->setView();
@@ -126,6 +133,7 @@ void Demo::run() {
         glLoadIdentity();
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         keyEvents();
+        if (frameStartHook) frameStartHook();
         QLNDemosys::timeline->watch();
         if (QLNDemosys::sync) QLNDemosys::sync->update(QLNDemosys::getMillisecondsElapsed());
         if (QLNDemosys::cameraActive) {
@@ -139,9 +147,9 @@ void Demo::run() {
             camera.setGLMatrixes();
         }
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
-        glFinish();
+        if (shown) glFinish();
         if (frameObserver) frameObserver();
-        SDL_GL_SwapBuffers();
+        if (shown) SDL_GL_SwapBuffers();
         ++QLNDemosys::frames;
     }
     cout << "Duration : " << QLNTime(QLNDemosys::getMillisecondsElapsed()).toString() << endl;
@@ -156,6 +164,7 @@ void Demo::keyEvents() {
             cout << "Screen resize (" << event.resize.w << "," << event.resize.h << ")" << endl;
             QLNDemosys::screenMetrics->resize(event.resize.w, event.resize.h);
         }
+        if (eventObserver) eventObserver(event);
     }
 }
 

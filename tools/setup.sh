@@ -10,8 +10,11 @@ packages=(
   xvfb xauth                       # headless X server for the GL tests and the demo
   libsdl1.2-dev libglew-dev libglu1-mesa-dev libgl1-mesa-dri
   libpng-dev
+  glslang-dev                      # offline shader compiling in democheck
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
+  xdotool                          # real key presses for the workbench test
+  ffmpeg parallel                  # the capture recipes of the README, run by the tests
   python3
 )
 
