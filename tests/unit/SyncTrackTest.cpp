@@ -1,5 +1,4 @@
-// Sync tracks: the value at a row for every key kind and at the edges, and .track files
-// written, read back and refused when they are cut short or lie about their key count.
+// Track values for every key kind and edge; .track files written, read back, refused when lying.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -21,10 +20,7 @@ std::string key(int row, float value, char type) {
 
 TEST(SyncTrack, InterpolatesEveryKindBetweenKeysAndHoldsAtTheEdges) {
     // Keys 1.0 at row 10 and 3.0 at row 20: t = 0.25 at row 12.5, 0.5 at row 15, 0.99 at row 19.9.
-    struct Case {
-        unsigned char type;
-        double row, expected;
-    } cases[] = {
+    struct Case { unsigned char type; double row, expected; } cases[] = {
         {SyncTrack::STEP, 12.5, 1.0},     {SyncTrack::STEP, 19.9, 1.0},
         {SyncTrack::LINEAR, 12.5, 1.5},   {SyncTrack::LINEAR, 15.0, 2.0},  {SyncTrack::LINEAR, 19.9, 2.98},
         {SyncTrack::SMOOTH, 12.5, 1.3125}, {SyncTrack::SMOOTH, 15.0, 2.0}, {SyncTrack::SMOOTH, 17.5, 2.6875},
@@ -65,9 +61,7 @@ TEST(SyncTrackFile, WritesEscapedNamesAndReadsThemBack) {
 }
 
 TEST(SyncTrackFile, RefusesFilesThatAreShortLyingOrDamaged) {
-    struct Case {
-        std::string bytes, error;
-    } cases[] = {
+    struct Case { std::string bytes, error; } cases[] = {
         {"", "File too short for a key count (0 bytes)"},
         {word(1).substr(0, 3), "File too short for a key count (3 bytes)"},
         {word(2) + key(0, 1.0f, 0), "Key count 2 does not fit the file (13 bytes)"},
