@@ -13,6 +13,7 @@ packages=(
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
   python3
+  gcovr                            # line coverage (tools/coverage.sh)
 )
 
 missing=()
