@@ -2,11 +2,9 @@
 // resources loaded by the real loader stages: a default draw leaves a sane picture and
 // balanced GL state, and unknown methods, missing arguments and missing resources are
 // survived without errors.
-#include <unistd.h>
-
 #include <memory>
 
-#include "demo/DemoEffects.h"
+#include "gl/BundledDemo.h"
 #include "demosys/DataEffectPool.h"
 #include "demosys/Effect.h"
 #include "demosys/EffectDefinition.h"
@@ -16,7 +14,6 @@
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 #include "demosys/ScreenMetrics.h"
-#include "support/Engine.h"
 #include "support/GLHarness.h"
 #include "support/TestSupport.h"
 
@@ -41,17 +38,6 @@ const Contract contracts[] = {
     {"FlipTransitionEffect", "flip", 1000, false}, {"BounceWipe", "bounce", 1000, false},
     {"ScrollWipe", "slide", 1000, false},
 };
-
-Engine& bundledDemo() {
-    static std::unique_ptr<Engine> engine;
-    if (!engine) {
-        EXPECT_EQ(chdir(testsupport::sourceDir().c_str()), 0);
-        engine.reset(new Engine("resources/scripts/demoscript.txt"));
-        registerDemoEffects(engine->driver());
-        EXPECT_TRUE(engine->load(true)) << engine->error();
-    }
-    return *engine;
-}
 
 struct GLStateSnapshot {
     GLint modelviewDepth, projectionDepth, framebuffer, program;
