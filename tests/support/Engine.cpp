@@ -2,6 +2,7 @@
 
 #include "demosys/ActionPool.h"
 #include "demosys/DataEffectPool.h"
+#include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Timeline.h"
 #include "support/TestSupport.h"
@@ -23,8 +24,13 @@ Engine::~Engine() {
 bool Engine::load(bool withData) {
     bool ok = true;
     log += testsupport::captureStdout([&] {
-        ok = loader.parseConfig() && (!withData || loader.loadDataFiles()) && loader.createEffectObjects() &&
-             loader.createTimeline();
+        ok = loader.parseConfig();
+        if (!withData) {
+            // Without data files there is no window, and no loading bar to draw into it.
+            delete QLNDemosys::pBar;
+            QLNDemosys::pBar = nullptr;
+        }
+        ok = ok && (!withData || loader.loadDataFiles()) && loader.createEffectObjects() && loader.createTimeline();
     });
     return ok;
 }

@@ -17,7 +17,8 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     Demo& driver() { return *demo; }
-    // parseConfig, then (withData) loadDataFiles, then createEffectObjects and createTimeline.
+    // parseConfig, then (withData, needs the window) loadDataFiles, then createEffectObjects and
+    // createTimeline.
     bool load(bool withData = false);
     std::string error() { return loader.getErrorMessage(); }
     Effect* effect(const std::string& name);

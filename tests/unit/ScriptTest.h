@@ -34,8 +34,11 @@ private:
     std::string kind;
 };
 
-// The definitions of the two classes and the three settings blocks, in <dir>/defs/.
+// The definitions of the two classes, the engine's own two and the three settings blocks, in <dir>/defs/.
 inline void writeDefinitions(const testsupport::TempDir& dir) {
+    for (std::string engineClass : {"DisplayTexture.def", "FadeEffect.def"})
+        dir.write("defs/" + engineClass,
+                  testsupport::readFile(testsupport::sourceDir() + "/resources/definitions/" + engineClass));
     dir.write("defs/SpinEffect.def",
               "parameters {\ntexture [type=string][default=logo][values=<string>];\n"
               "speed [type=float][default=1.0];\nmode [type=string][default=normal][values=normal,additive];\n}\n"
