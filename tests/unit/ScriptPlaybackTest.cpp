@@ -136,4 +136,19 @@ TEST(ActionPool, AnEffectStartedAgainInAnotherLayerDrawsTwiceAndRemovalTakesTheN
     EXPECT_FALSE(removed);
 }
 
+TEST(Clock, ElapsedTimeStandsStillWhilePaused) {
+    QLNDemosys::startTime = 1000;
+    QLNDemosys::pause = false;
+    QLNDemosys::updateTime(3000);
+    EXPECT_EQ(QLNDemosys::getMillisecondsElapsed(), 2000u);
+    testsupport::captureStdout([] { QLNDemosys::stopTimer(); });
+    for (unsigned int now : {3016u, 9000u}) {
+        QLNDemosys::updateTime(now);
+        EXPECT_EQ(QLNDemosys::getMillisecondsElapsed(), 2000u);
+    }
+    testsupport::captureStdout([] { QLNDemosys::startTimer(); });
+    QLNDemosys::updateTime(9100);
+    EXPECT_EQ(QLNDemosys::getMillisecondsElapsed(), 2100u);
+}
+
 }  // namespace
