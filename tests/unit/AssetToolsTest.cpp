@@ -1,9 +1,10 @@
 // The asset tools through their real outputs: every generated resource is made again
-// into a temporary folder and compared byte for byte with the committed file; the OBJ
-// converter runs on real OBJ text and its object files are read back; pictures are
+// into a temporary folder and compared byte for byte with the committed file, and the OBJ
+// converter runs on real OBJ text, its object files read back.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 
 #include "support/TestSupport.h"
 #include "tools/AssetCatalog.h"
