@@ -30,7 +30,7 @@ TEST(Math, VectorsMatricesAndRotations) {
     EXPECT_EQ(-a, Vec3(-1, -2, -3));
     EXPECT_FLOAT_EQ(a.dot(b), 32.0f);
     EXPECT_EQ(Vec3(1, 0, 0).cross(Vec3(0, 1, 0)), Vec3(0, 0, 1));
-    EXPECT_FLOAT_EQ(Vector<float, 2>(3, 4).length(), 5.0f);
+    EXPECT_FLOAT_EQ((Vector<float, 2>(3, 4).length()), 5.0f);
     EXPECT_EQ(Vec3().normalised(), Vec3()) << "a zero vector must not turn into NaNs";
     EXPECT_EQ(Vec3(0, 10, -4).linearInterpolate(Vec3(10, 20, 4), 0.25f), Vec3(2.5f, 12.5f, -2));
 
