@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "demosys/Camera.h"
 #include "demosys/Interpolate.h"
 #include "demosys/Matrix.h"
 #include "demosys/Quaternion.h"
@@ -65,6 +66,19 @@ TEST(Math, InterpolationFollowsTheClockAndEasesAtOneEnd) {
     EXPECT_TRUE(near(move.linearInterpolateVector(3000), Vec3(1, -2, 4)));
     move.setTime(QLNTime(0, 1, 0), QLNTime(0, 1, 0));
     EXPECT_FALSE(move.validTime(1000)) << "an empty span is never valid";
+}
+
+TEST(Math, TheFreeCameraClampsEachSteeringStep) {
+    Camera camera;
+    camera.changePitch(-7);
+    EXPECT_FLOAT_EQ(camera.getPitch(), -5.0f);
+    camera.changeHeading(-7);
+    EXPECT_FLOAT_EQ(camera.getHeading(), 5.0f);
+    camera.changeVelocity(-150);
+    EXPECT_FLOAT_EQ(camera.getVelocity(), 100.0f);
+    camera.reset();
+    EXPECT_FLOAT_EQ(camera.getPitch(), 0.0f);
+    EXPECT_EQ(camera.getPosition(), Vec3(0, 0, 0));
 }
 
 }  // namespace
