@@ -12,6 +12,8 @@
 #include "support/Engine.h"
 #include "support/GLHarness.h"
 #include "support/TestSupport.h"
+#include "unit/ObjectFileBytes.h"
+#include "demosys/QLNScene.h"
 
 namespace {
 
@@ -33,6 +35,15 @@ protected:
         dir.write("path.ani", "QLNANI1\nkeyframes 2\nposition 0 0 0\nangles 0 0\nposition 1 1 1\nangles 1 1\n");
         gl::writePNG(dir.file("red.png"), 4, 4, gl::solid(4, 4, gl::Rgb{255, 0, 0}));
         gl::writePNG(dir.file("green.png"), 4, 4, gl::solid(4, 4, gl::Rgb{0, 255, 0}));
+        gl::writePNG(dir.file("line.png"), 4, 1, gl::solid(4, 1, gl::Rgb{0, 0, 255}));
+        // Two squares side by side; the right one has a material with a red ambient.
+        testsupport::ObjectFileBytes pair;
+        pair.i32(2);
+        pair.mesh("left", {}, 3, 3, 2, testsupport::squareVertices(-0.9f, -0.9f, -0.1f, 0.9f, 0),
+                  testsupport::squareIndices());
+        pair.mesh("right", {0.1f, 0.1f, 0.1f, 0.8f, 0.8f, 0.8f, 1, 0, 0}, 3, 3, 2,
+                  testsupport::squareVertices(0.1f, -0.9f, 0.9f, 0.9f, 0), testsupport::squareIndices());
+        dir.write("pair.qlo", pair.bytes);
     }
     // Loads a script made of the paths block and the given blocks; returns the error or "".
     std::string load(const std::string& blocks) {
@@ -54,8 +65,8 @@ protected:
 TEST_F(DataFiles, EveryBlockLoadsIntoItsPool) {
     ASSERT_EQ(load(("shaders { simple = simple; }\nframebuffers { small = 64, 32, COLOR_BUFFER, DEPTH_BUFFER; "
                         "screen = width, height, COLOR_BUFFER; }\ngraphics { red = red.png; again = red.png; "
-                        "mip = green.png, GL_TEXTURE_2D, GEN_MIPMAP; }\nbinary { blob = blob.bin; }\n"
-                        "objects { cube = cube.qlo; }\nanimation { path = path.ani; }\n")),
+                        "mip = green.png, GL_TEXTURE_2D, GEN_MIPMAP; line = line.png, GL_TEXTURE_1D; }\n"
+                        "binary { blob = blob.bin; }\nobjects { cube = cube.qlo; pair = pair.qlo; }\nanimation { path = path.ani; }\n")),
               "");
     EXPECT_NE(QLNDemosys::shaderPool->getShader("simple"), nullptr);
     EXPECT_TRUE(QLNDemosys::fboPool->exists("small"));
@@ -67,6 +78,16 @@ TEST_F(DataFiles, EveryBlockLoadsIntoItsPool) {
     EXPECT_NE(QLNDemosys::objectPool->getObject("cube"), nullptr);
     EXPECT_NE(QLNDemosys::animationPool->getAnimation("path"), nullptr);
     EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
+    EXPECT_NE(QLNDemosys::texturePool->getTexture("line"), nullptr);
+
+    // The mesh with a material draws in its own colour, the other in the scene's default.
+    gl::reset();
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT0);
+    QLNDemosys::objectPool->getObject("pair")->draw();
+    gl::Rgb plain = gl::pixelAt(-0.5f, 0), own = gl::pixelAt(0.5f, 0);
+    EXPECT_EQ(plain[0], plain[1]);
+    EXPECT_GT(own[0], own[1] + 20);
 }
 
 TEST_F(DataFiles, EachWrongEntryStopsLoadingWithItsMessage) {

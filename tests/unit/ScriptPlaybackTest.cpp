@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "demosys/ActionPool.h"
+#include "demosys/DemoScriptParser.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
@@ -116,6 +117,29 @@ TEST_F(ScriptPlayback, MovingToATimeReplaysEverythingUpToItAndCheckpointsStaySor
     QLNDemosys::action->removeAll();
     QLNDemosys::timeline->moveTo(15000);
     EXPECT_EQ(QLNDemosys::action->toString(), badgeOnly);
+}
+
+TEST_F(ScriptPlayback, StoppingAnEffectThatIsNotRunningSaysSoTwice) {
+    Engine& demo = load(effectBlocks + "timeline {\n    intro.stop(00:02:500);\n}\n");
+    demo.frame(3000);
+    EXPECT_NE(demo.log.find("ERROR: ActionPool - error removing 'intro' from ActonPool\n"
+                            "EventStop : failed to remove effect from actionpool : (0000002500)-[00:02:500] : StopEffect(\n"
+                            "parameters {\n    object = intro;\n    p1 = 00:02:500;\n}\n)\n"),
+              std::string::npos)
+        << demo.log;
+}
+
+TEST_F(ScriptPlayback, DebugModeLogsEveryDefinitionAndTheSettingsDefaults) {
+    std::string path = dir.write("debug.txt", scriptText(dir, "screen { width = 800; }\n"));
+    auto engine = engineFor(dir, testsupport::readFile(path));
+    DemoScriptParser parser(path);
+    parser.setDebug(true);
+    parser.parseDefaults(true);
+    std::string log = testsupport::captureStdout([&] { parser.parse(); });
+    EXPECT_NE(log.find("Loading definition : '" + dir.path() + "/defs/SpinEffect.def\n"), std::string::npos) << log;
+    EXPECT_NE(log.find("block name : screen\nparameters {\n    height = 480;\n    width = 640;\n}\n"), std::string::npos);
+    delete parser.getParameterGroup("system_parameters");
+    delete parser.getParameterGroup("effect_parameters");
 }
 
 TEST(ActionPool, AnEffectStartedAgainInAnotherLayerDrawsTwiceAndRemovalTakesTheNewerEntry) {

@@ -123,6 +123,10 @@ TEST(TextValues, ScriptTimesReadAndPrint) {
     EXPECT_FALSE(again.isValid());
     again.setTimeAsString("00:01:500");
     EXPECT_EQ(again.getTicks(), 1500u);
+    again.setMinutes(30);
+    again.setSeconds(5);
+    again.setMilliseconds(7);
+    EXPECT_EQ(again.toString(), "(0001805007)-[30:05:007]");
 }
 
 }  // namespace
