@@ -221,6 +221,19 @@ TEST_F(SoundTest, SeeksLandOnTheFrameOfTheMillisecondAndStillReturnFalse) {
     EXPECT_EQ(out.firstSound(jump + heardAfterJump), out.frames());
 }
 
+TEST_F(SoundTest, OtherRatesAndMonoAreResampledToTheDeviceKeepingTheirLength) {
+    std::string file = dir.file("tone.wav");
+    sox("-n -r 22050 -c 1 " + file + " synth 0.5 sine 1000 vol 0.5");
+    ASSERT_TRUE(QLNDemosys::soundInitPlay(file.c_str())) << QLNDemosys::message;
+    ASSERT_TRUE(channelDone());
+    letDeviceRun();
+    QLNDemosys::soundShutdown();
+    Pcm out = heard();
+    size_t start = out.firstSound(), end = out.lastSound();
+    EXPECT_NEAR(double(end - start), 0.5 * rate, 50);
+    EXPECT_EQ(out.left((start + end) / 2), out.right((start + end) / 2)) << "mono is heard on both sides";
+}
+
 TEST_F(SoundTest, FailuresLeaveTheirMessages) {
     EXPECT_FALSE(QLNDemosys::soundPlay());
     EXPECT_EQ(QLNDemosys::message, "Failed to play sound!");
