@@ -1,5 +1,6 @@
 #include "tools/AssetCatalog.h"
 
+#include "qlnutils/PngWriter.h"
 #include "tools/CameraPathMaker.h"
 #include "tools/FileWriter.h"
 #include "tools/FontImageMaker.h"
@@ -7,7 +8,6 @@
 #include "tools/ModelMaker.h"
 #include "tools/MusicComposer.h"
 #include "tools/ObjConverter.h"
-#include "tools/PngWriter.h"
 #include "tools/TextureSet.h"
 
 namespace qlntools {
@@ -17,6 +17,19 @@ namespace {
 AssetCatalog::Asset text(const std::string& path, std::string (*content)()) {
     return {path, [content](const std::string&, const std::string& out, std::string& error) {
                 return FileWriter::write(out, content(), error);
+            }};
+}
+
+// Textures are stored at zlib's best compression: they are made once and read often.
+AssetCatalog::Asset picture(const std::string& path, const std::function<Picture()>& paint, int channels) {
+    return {path, [paint, channels](const std::string&, const std::string& out, std::string& error) {
+                const Picture p = paint();
+                std::string bytes;
+                if (!PngWriter::encode(p.toBytes(channels).data(), p.width(), p.height(), channels, 9, bytes)) {
+                    error = "cannot encode '" + out + "' as PNG";
+                    return false;
+                }
+                return FileWriter::write(out, bytes, error);
             }};
 }
 
@@ -31,17 +44,11 @@ AssetCatalog::Asset converted(const std::string& model, const std::string& objec
 const std::vector<AssetCatalog::Asset>& AssetCatalog::assets() {
     static const std::vector<Asset> list = [] {
         std::vector<Asset> all;
-        all.push_back({"gfx/font.png", [](const std::string&, const std::string& out, std::string& error) {
-                           return FontImageMaker::write(out, error);
-                       }});
-        for (const TextureSet::Entry& e : TextureSet::entries())
-            all.push_back({"gfx/" + e.file, [e](const std::string&, const std::string& out, std::string& error) {
-                               return PngWriter::write(out, e.paint(), e.channels, error);
-                           }});
-        all.push_back({"misc/heightmap.bin", [](const std::string&, const std::string& out, std::string& error) {
-                           return HeightMapMaker::write(out, error);
-                       }});
+        all.push_back(picture("gfx/font.png", FontImageMaker::paint, 4));
+        for (const TextureSet::Entry& e : TextureSet::entries()) all.push_back(picture("gfx/" + e.file, e.paint, e.channels));
+        all.push_back(text("misc/heightmap.bin", HeightMapMaker::bytes));
         all.push_back(text("misc/camera.ani", CameraPathMaker::text));
+        // The models come before the objects converted from them.
         all.push_back(text("models/logo.obj", ModelMaker::logoObj));
         all.push_back(text("models/logo.mtl", ModelMaker::logoMtl));
         all.push_back(text("models/star.obj", ModelMaker::starObj));
@@ -49,7 +56,8 @@ const std::vector<AssetCatalog::Asset>& AssetCatalog::assets() {
         all.push_back(converted("logo.obj", "logo.qlo"));
         all.push_back(converted("star.obj", "star.qlo"));
         all.push_back({"music/quillon.mod", [](const std::string&, const std::string& out, std::string& error) {
-                           return MusicComposer::write(out, error);
+                           std::string bytes;
+                           return MusicComposer::compose().encode(bytes, error) && FileWriter::write(out, bytes, error);
                        }});
         return all;
     }();

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstdio>
 
-#include "tools/FileWriter.h"
 
 namespace qlntools {
 
@@ -37,10 +36,6 @@ std::string CameraPathMaker::text() {
         out += "angles " + number(pitch) + " " + number(heading) + "\n";
     }
     return out;
-}
-
-bool CameraPathMaker::write(const std::string& path, std::string& error) {
-    return FileWriter::write(path, text(), error);
 }
 
 }  // namespace qlntools

@@ -11,7 +11,6 @@ class CameraPathMaker {
 public:
     static constexpr int loopKeyframes = 16;
     static std::string text();
-    static bool write(const std::string& path, std::string& error);
 };
 
 }  // namespace qlntools

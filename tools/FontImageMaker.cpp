@@ -2,7 +2,6 @@
 
 #include "tools/BitmapFont.h"
 #include "tools/Mask.h"
-#include "tools/PngWriter.h"
 
 namespace qlntools {
 
@@ -67,10 +66,6 @@ Picture FontImageMaker::paint() {
         if (c != 0 && c != ' ') paintCell(picture, cell, c);
     }
     return picture;
-}
-
-bool FontImageMaker::write(const std::string& path, std::string& error) {
-    return PngWriter::write(path, paint(), 4, error);
 }
 
 }  // namespace qlntools

@@ -18,7 +18,6 @@ public:
     // The character drawn in a cell, or 0 for an empty cell.
     static char cellCharacter(int cell);
     static Picture paint();
-    static bool write(const std::string& path, std::string& error);
 };
 
 }  // namespace qlntools

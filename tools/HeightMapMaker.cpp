@@ -4,7 +4,6 @@
 #include <cmath>
 #include <vector>
 
-#include "tools/FileWriter.h"
 #include "tools/Random.h"
 
 namespace qlntools {
@@ -45,10 +44,6 @@ std::string HeightMapMaker::bytes() {
     for (size_t i = 0; i < heights.size(); ++i)
         out[i] = char(uint8_t(std::lround((heights[i] - lo) / span * 255.0)));
     return out;
-}
-
-bool HeightMapMaker::write(const std::string& path, std::string& error) {
-    return FileWriter::write(path, bytes(), error);
 }
 
 }  // namespace qlntools

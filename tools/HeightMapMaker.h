@@ -13,7 +13,6 @@ public:
     static constexpr int rowPeriod = 99;
 
     static std::string bytes();
-    static bool write(const std::string& path, std::string& error);
 };
 
 }  // namespace qlntools

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "tools/BitmapFont.h"
-#include "tools/FileWriter.h"
 
 namespace qlntools {
 
@@ -124,12 +123,6 @@ std::string ModelMaker::starObj() {
                  std::to_string(back[size_t(n)]) + " " + std::to_string(front[size_t(n)]));
     }
     return obj.text("# A five-pointed star prism with concave caps; made by makemodels.\n");
-}
-
-bool ModelMaker::write(const std::string& folder, std::string& error) {
-    return FileWriter::write(folder + "/logo.obj", logoObj(), error) &&
-           FileWriter::write(folder + "/logo.mtl", logoMtl(), error) &&
-           FileWriter::write(folder + "/star.obj", starObj(), error);
 }
 
 }  // namespace qlntools

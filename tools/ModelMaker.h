@@ -11,8 +11,6 @@ public:
     static std::string logoObj();
     static std::string logoMtl();
     static std::string starObj();
-    // Writes logo.obj, logo.mtl and star.obj into the folder.
-    static bool write(const std::string& folder, std::string& error);
 };
 
 }  // namespace qlntools

@@ -3,7 +3,6 @@
 #include <sstream>
 #include <vector>
 
-#include "tools/FileWriter.h"
 #include "tools/SampleSynth.h"
 
 namespace qlntools {
@@ -177,12 +176,6 @@ ProTrackerModule MusicComposer::compose() {
     effect(outro, 60, Chords, ProTrackerModule::SetVolume, 0);
     module.order = {0, 1, 2, 3, 2, 3, 4, 5, 3, 6};
     return module;
-}
-
-bool MusicComposer::write(const std::string& path, std::string& error) {
-    std::string bytes;
-    if (!compose().encode(bytes, error)) return false;
-    return FileWriter::write(path, bytes, error);
 }
 
 }  // namespace qlntools

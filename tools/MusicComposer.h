@@ -19,7 +19,6 @@ public:
     static constexpr int rowsPerBeat = 4;
 
     static ProTrackerModule compose();
-    static bool write(const std::string& path, std::string& error);
 };
 
 }  // namespace qlntools

@@ -2,7 +2,6 @@
 
 #include "tools/LogoPainter.h"
 #include "tools/PatternPainter.h"
-#include "tools/PngWriter.h"
 #include "tools/SpacePainter.h"
 
 namespace qlntools {
@@ -20,12 +19,6 @@ const std::vector<TextureSet::Entry>& TextureSet::entries() {
         {"background.png", 3, [] { return SpacePainter::background(); }},
     };
     return list;
-}
-
-bool TextureSet::write(const std::string& folder, std::string& error) {
-    for (const Entry& e : entries())
-        if (!PngWriter::write(folder + "/" + e.file, e.paint(), e.channels, error)) return false;
-    return true;
 }
 
 }  // namespace qlntools

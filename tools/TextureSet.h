@@ -17,8 +17,6 @@ public:
     };
 
     static const std::vector<Entry>& entries();
-    // Writes every texture into the folder.
-    static bool write(const std::string& folder, std::string& error);
 };
 
 }  // namespace qlntools

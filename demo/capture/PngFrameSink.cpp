@@ -1,9 +1,9 @@
 #include "demo/capture/PngFrameSink.h"
 
-#include <png.h>
-
 #include <cerrno>
 #include <cstring>
+
+#include "qlnutils/PngWriter.h"
 
 namespace {
 // Frames waiting for the writer: enough to hide a slow disk, bounded so memory stays small.
@@ -71,26 +71,5 @@ void PngFrameSink::writerLoop() {
 }
 
 bool PngFrameSink::writePng(const std::string& path, const std::vector<uint8_t>& rgb) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png ? png_create_info_struct(png) : nullptr;
-    if (!png || !info || setjmp(png_jmpbuf(png))) {
-        png_destroy_write_struct(&png, &info);
-        std::fclose(file);
-        return false;
-    }
-    png_init_io(png, file);
-    png_set_compression_level(png, level);
-    // Sub filtering alone: most of the gain of adaptive filtering at a fraction of the cost.
-    png_set_filter(png, PNG_FILTER_TYPE_BASE, level <= 1 ? PNG_FILTER_SUB : PNG_ALL_FILTERS);
-    png_set_IHDR(png, info, width, height, 8, PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
-                 PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    for (int y = 0; y < height; ++y)
-        png_write_row(png, const_cast<png_bytep>(rgb.data() + static_cast<size_t>(y) * width * 3));
-    png_write_end(png, nullptr);
-    png_destroy_write_struct(&png, &info);
-    bool ok = std::fflush(file) == 0;
-    return std::fclose(file) == 0 && ok;
+    return PngWriter::write(path, rgb.data(), width, height, 3, level);
 }
