@@ -15,7 +15,7 @@ cmake --build "$dir" -j"$(nproc)" > "$dir.build.log" 2>&1 || { tail -50 "$dir.bu
 find "$dir" -name '*.gcda' -delete
 (cd "$dir" && ctest -j2 --output-on-failure) || echo "coverage: some tests failed; figures cover what ran"
 
-gcovr -r . --object-directory "$dir" --exclude-directories "$dir/CMakeFiles" --filter 'qlnutils/' --filter 'demosys/' --filter 'demo/' \
+gcovr -r . --object-directory "$dir" --exclude-directories "$dir/CMakeFiles/[0-9]" --filter 'qlnutils/' --filter 'demosys/' --filter 'demo/' \
   --json-summary "$dir/coverage.json" --print-summary > "$dir/coverage.txt"
 python3 - "$dir/coverage.json" <<'PY'
 import json, sys
