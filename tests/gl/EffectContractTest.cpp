@@ -141,15 +141,15 @@ TEST_P(EffectContract, MissingResourcesDrawNothingBrokenAndNoErrors) {
     std::unique_ptr<EffectDefinition> definition(reader.parse());
     ASSERT_TRUE(definition) << reader.getErrorMessage();
     // Every entry the script could give names something that was never loaded.
-    ParameterGroup missing(GetParam().instance);
-    missing.addParameter("class", GetParam().className);
+    std::unique_ptr<ParameterGroup> missing(definition->getDefaults());
+    missing->setGroupName(GetParam().instance);
+    missing->addParameter("class", GetParam().className);
     Parameters* declared = definition->getParameters();
     for (int i = 0; declared && i < declared->size(); ++i) {
         ParameterGroup* p = declared->getValue(i);
-        bool text = p->exist("type") && p->getParameter("type") == "string";
-        missing.addParameter(declared->getKey(i), text ? "nothing" : p->getParameter("default"));
+        if (p->exist("type") && p->getParameter("type") == "string") missing->addParameter(declared->getKey(i), "nothing");
     }
-    std::unique_ptr<Effect> effect = fresh(&missing);
+    std::unique_ptr<Effect> effect = fresh(missing.get());
     GLStateSnapshot before = snapshot();
     testsupport::captureStdout([&] { drawn(effect.get(), GetParam().drawAt); });
     EXPECT_TRUE(before == snapshot());

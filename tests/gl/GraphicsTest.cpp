@@ -1,6 +1,7 @@
 // Shader programs and textures as the effects use them, checked on the picture they draw.
 #include <memory>
 
+#include "demosys/GLExtensions.h"
 #include "demosys/Shader.h"
 #include "demosys/Texture.h"
 #include "support/GLHarness.h"
@@ -86,6 +87,16 @@ TEST_F(Graphics, TexturesDrawFullScreenFlippedAndBlended) {
     EXPECT_EQ(corners()[3], blue) << "new storage in the given pixel order";
     quadrants->release();
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
+}
+
+TEST_F(Graphics, TheCapabilityCheckNamesWhatIsMissing) {
+    GLExtensions extensions;
+    extensions.addToChecklist("GL_EXT_framebuffer_object");
+    EXPECT_TRUE(extensions.isSupported());
+    extensions.addToChecklist("GL_QLN_no_such_thing");
+    EXPECT_FALSE(extensions.isSupported());
+    EXPECT_EQ(extensions.getErrorMessage(),
+              "Error: Your OpenGL implementation is missing the following extensions :\n - GL_QLN_no_such_thing\n");
 }
 
 }  // namespace
