@@ -1,13 +1,6 @@
 #include "demo/BounceWipe.h"
 
-#include <GL/glew.h>
-
-#include <cmath>
-
-#include "demosys/QLNDemosys.h"
-#include "demosys/ScreenMetrics.h"
-
-BounceWipe::BounceWipe() : angle(90.0f), speed(0.0f), divisor(2.0f), offset(0.0f), direction(0) {}
+BounceWipe::BounceWipe() : speed(0.0f), divisor(2.0f) {}
 
 void BounceWipe::init() { reset(); }
 
@@ -17,27 +10,9 @@ void BounceWipe::reset() {
     divisor = 2.0f;
 }
 
-void BounceWipe::modify(std::string method, ParameterGroup*) {
-    if (method == "down") {
-        direction = 0;
-        angle = 90.0f;
-    } else if (method == "up") {
-        direction = 1;
-        angle = 90.0f;
-    }
-}
+float BounceWipe::offsetFor(int height, float wave) { return (height / divisor) * wave; }
 
-void BounceWipe::draw(unsigned int time) {
-    ScreenMetrics* screen = QLNDemosys::screenMetrics;
-    if (!screen) return;
-    const int width = screen->getWidth();
-    const int height = screen->getHeight();
-    offset = (height / divisor) * std::sin(angle * static_cast<float>(M_PI) / 180.0f);
-    const int shift = static_cast<int>(offset);
-    if (direction == 0)
-        glViewport(0, shift, width, height + shift);
-    else
-        glViewport(0, -shift, width, height - shift);
+void BounceWipe::advance(unsigned int time) {
     if (angle >= 180.0f) {
         angle = 0.0f;
         divisor *= 2.0f;

@@ -6,6 +6,7 @@
 #include "demosys/DataFBOPool.h"
 #include "demosys/FrameBufferObject.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
 #include "qlnutils/QLNUtils.h"
@@ -13,18 +14,7 @@
 namespace {
 
 // A missing argument reads as empty text: a zero number, no such framebuffer.
-std::string argument(ParameterGroup* params, const std::string& key) {
-    if (params == nullptr || !params->exist(key)) return std::string();
-    return params->getParameter(key);
-}
-
-float number(ParameterGroup* params, const std::string& key) {
-    return QLNUtils::string2Float(argument(params, key));
-}
-
-int integer(ParameterGroup* params, const std::string& key) {
-    return QLNUtils::string2Int(argument(params, key));
-}
+using Read = ParameterReader;
 
 const float kCubeHalfSize = 0.038f;
 
@@ -55,9 +45,9 @@ void CubeChaos::reset() {
 
 void CubeChaos::init() {
     reset();
-    positionX = number(parameters, "xpos");
-    positionY = number(parameters, "ypos");
-    positionZ = number(parameters, "zpos");
+    positionX = Read::number(parameters, "xpos");
+    positionY = Read::number(parameters, "ypos");
+    positionZ = Read::number(parameters, "zpos");
 }
 
 void CubeChaos::setPosition(float x, float y, float z) {
@@ -86,13 +76,13 @@ CubeChaos* CubeChaos::setIntensity(float value) {
 
 void CubeChaos::modify(std::string method, ParameterGroup* params) {
     if (method == "setPosition") {
-        setPosition(number(params, "p2"), number(params, "p3"), number(params, "p4"));
+        setPosition(Read::number(params, "p2"), Read::number(params, "p3"), Read::number(params, "p4"));
     } else if (method == "setCubeCount") {
-        setCubeCount(integer(params, "p2"), integer(params, "p3"));
+        setCubeCount(Read::integer(params, "p2"), Read::integer(params, "p3"));
     } else if (method == "setBuffer") {
-        buffer = QLNDemosys::fboPool != nullptr ? QLNDemosys::fboPool->getFBO(argument(params, "p2")) : nullptr;
+        buffer = QLNDemosys::fboPool != nullptr ? QLNDemosys::fboPool->getFBO(Read::text(params, "p2")) : nullptr;
     } else if (method == "setIntensity") {
-        setIntensity(number(params, "p2"));
+        setIntensity(Read::number(params, "p2"));
     }
 }
 

@@ -13,8 +13,6 @@ class CubeChaos : public Effect {
 public:
     CubeChaos();
     virtual ~CubeChaos();
-    CubeChaos(const CubeChaos&) = delete;
-    CubeChaos& operator=(const CubeChaos&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

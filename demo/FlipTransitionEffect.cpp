@@ -6,6 +6,7 @@
 
 #include "demosys/DataFBOPool.h"
 #include "demosys/FrameBufferObject.h"
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
@@ -51,16 +52,7 @@ void FlipTransitionEffect::draw(unsigned int time) {
     angle += frame * 5.5f * 0.0625f;
 
     // A 4:3 card.
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex3f(-1.5f, -1.125f, 0.0f);
-    glTexCoord2f(1, 0);
-    glVertex3f(1.5f, -1.125f, 0.0f);
-    glTexCoord2f(1, 1);
-    glVertex3f(1.5f, 1.125f, 0.0f);
-    glTexCoord2f(0, 1);
-    glVertex3f(-1.5f, 1.125f, 0.0f);
-    glEnd();
+    GLHelpers::drawRect(1.5f, 1.125f);
 
     picture->release();
     buffer->bind();

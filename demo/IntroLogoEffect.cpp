@@ -6,6 +6,7 @@
 #include "demosys/DataAnimationPool.h"
 #include "demosys/DataObjectPool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNScene.h"
 #include "demosys/QLNTime.h"
@@ -19,22 +20,18 @@ const int catmullRom = 1;
 IntroLogoEffect::IntroLogoEffect()
     : object(nullptr), path(nullptr), flightSet(false), flightStart(0), flightEnd(0), duration(7680), spin(20.0f) {}
 
-std::string IntroLogoEffect::read(const char* key) {
-    return parameters && parameters->exist(key) ? parameters->getParameter(key) : std::string();
-}
-
 void IntroLogoEffect::init() {
-    std::string name = read("object");
+    std::string name = ParameterReader::text(parameters, "object");
     object = QLNDemosys::objectPool && QLNDemosys::objectPool->exists(name) ? QLNDemosys::objectPool->getObject(name)
                                                                            : nullptr;
-    name = read("path");
+    name = ParameterReader::text(parameters, "path");
     path = QLNDemosys::animationPool ? QLNDemosys::animationPool->getAnimation(name) : nullptr;
     // A Catmull-Rom flight needs four keyframes; fewer fly in straight lines.
     if (path) path->setInterpolationType(path->countKeyFrames() >= 4 ? catmullRom : 0);
     flight.setAnimation(path);
-    std::string value = read("duration");
+    std::string value = ParameterReader::text(parameters, "duration");
     if (StringUtils::isInt(value) && QLNUtils::string2Int(value) > 0) duration = QLNUtils::string2Int(value);
-    value = read("spin");
+    value = ParameterReader::text(parameters, "spin");
     if (StringUtils::isFloat(value)) spin = QLNUtils::string2Float(value);
     reset();
 }

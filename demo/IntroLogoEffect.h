@@ -18,7 +18,6 @@ public:
     Effect* getInstance() override;
 
 private:
-    std::string read(const char* key);
 
     QLNScene* object;        // not owned; null draws nothing
     Animation* path;         // not owned; null keeps the camera still

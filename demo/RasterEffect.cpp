@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "qlnutils/QLNUtils.h"
 #include "qlnutils/StringUtils.h"
 
@@ -27,23 +29,17 @@ RasterEffect::RasterEffect()
     : bars(6), speed(1.0f), drift(1.0f), barHeight(0.06f), glow(0.0f), glowStart(0) {}
 
 int RasterEffect::readInt(const char* key, int fallback, int low, int high) {
-    if (!parameters || !parameters->exist(key)) return fallback;
-    std::string value = parameters->getParameter(key);
+    std::string value = ParameterReader::text(parameters, key);
     if (!StringUtils::isInt(value)) return fallback;
     return std::clamp(QLNUtils::string2Int(value), low, high);
-}
-
-float RasterEffect::readFloat(const char* key, float fallback) {
-    if (!parameters || !parameters->exist(key)) return fallback;
-    return QLNUtils::string2Float(parameters->getParameter(key));
 }
 
 void RasterEffect::init() {
     int count = readInt("stars", 300, 0, 5000);
     bars = readInt("bars", 6, 0, 64);
-    speed = readFloat("speed", 1.0f);
-    drift = readFloat("drift", 1.0f);
-    barHeight = readFloat("barheight", 0.06f);
+    speed = ParameterReader::number(parameters, "speed", 1.0f);
+    drift = ParameterReader::number(parameters, "drift", 1.0f);
+    barHeight = ParameterReader::number(parameters, "barheight", 0.06f);
     unsigned int seed = 20261121u;
     stars.clear();
     for (int i = 0; i < count; ++i) stars.push_back({unit(seed) * 2 - 1, unit(seed) * 2 - 1, 1 + i % 3});
@@ -113,22 +109,14 @@ void RasterEffect::draw(unsigned int time) {
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_CULL_FACE);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
 
     drawStars(seconds);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);  // bars add up where they cross
     drawBars(seconds);
 
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
     glPopAttrib();
 }
 

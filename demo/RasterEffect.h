@@ -25,7 +25,6 @@ private:
     void drawStars(float seconds);
     void drawBars(float seconds);
     int readInt(const char* key, int fallback, int low, int high);
-    float readFloat(const char* key, float fallback);
 
     std::vector<Star> stars;
     int bars;

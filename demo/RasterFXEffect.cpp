@@ -8,7 +8,9 @@
 #include "demosys/Binary.h"
 #include "demosys/DataBinaryPool.h"
 #include "demosys/DataTexturePool.h"
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
@@ -19,11 +21,6 @@ namespace {
 const int kColumns = 100;
 const int kRows = 75;
 const int kFeedbackSize = 512;
-
-std::string valueOf(const ParameterGroup* group, const std::string& key) {
-    if (group == nullptr || !group->exist(key)) return std::string();
-    return group->getParameter(key);
-}
 
 }  // namespace
 
@@ -79,8 +76,7 @@ void RasterFXEffect::init() {
     feedbackTexture = 0;
     picture = nullptr;
     heightMap = nullptr;
-    if (parameters != nullptr && parameters->exist("texture") && QLNDemosys::texturePool != nullptr)
-        picture = QLNDemosys::texturePool->getTexture(parameters->getParameter("texture"));
+    picture = ParameterReader::texture(parameters, "texture");
     if (parameters != nullptr && parameters->exist("wavemap") && QLNDemosys::binaryPool != nullptr)
         heightMap = QLNDemosys::binaryPool->getData(parameters->getParameter("wavemap"));
     if (feedbackTexture == 0) {
@@ -91,8 +87,8 @@ void RasterFXEffect::init() {
     }
     const ParameterGroup* screen =
         QLNDemosys::parameters != nullptr ? QLNDemosys::parameters->getGroup("screen") : nullptr;
-    screenWidth = QLNUtils::string2Int(valueOf(screen, "width"));
-    screenHeight = QLNUtils::string2Int(valueOf(screen, "height"));
+    screenWidth = ParameterReader::integer(screen, "width");
+    screenHeight = ParameterReader::integer(screen, "height");
 }
 
 void RasterFXEffect::draw(unsigned int time) {
@@ -109,7 +105,7 @@ void RasterFXEffect::draw(unsigned int time) {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
 
-    const double frustumHeight = std::tan(M_PI / 4.0) * 0.5;
+    const double frustumHeight = std::tan(GLHelpers::pi / 4.0) * 0.5;
     const double frustumWidth = frustumHeight * (double(screenWidth) / double(screenHeight));
 
     glClearColor(1, 1, 1, 1);
@@ -160,16 +156,7 @@ void RasterFXEffect::drawPicture(float frameTime) {
 }
 
 void RasterFXEffect::drawPictureQuad() {
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex3f(-1.5f, -1.5f, 0);
-    glTexCoord2f(2, 0);
-    glVertex3f(1.5f, -1.5f, 0);
-    glTexCoord2f(2, 2);
-    glVertex3f(1.5f, 1.5f, 0);
-    glTexCoord2f(0, 2);
-    glVertex3f(-1.5f, 1.5f, 0);
-    glEnd();
+    GLHelpers::drawRect(1.5f, 1.5f, 2.0f);
 }
 
 // 75 rows of 100 quads from the bottom left; each corner takes its height and grey from

@@ -12,8 +12,6 @@ class RasterFXEffect : public Effect {
 public:
     RasterFXEffect();
     virtual ~RasterFXEffect();
-    RasterFXEffect(const RasterFXEffect&) = delete;
-    RasterFXEffect& operator=(const RasterFXEffect&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

@@ -10,16 +10,13 @@
 #include "demosys/DataTexturePool.h"
 #include "demosys/FrameBufferObject.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
 
 namespace {
 
-bool has(ParameterGroup* group, const char* key) { return group && group->exist(key); }
-
-std::string value(ParameterGroup* group, const char* key) {
-    return has(group, key) ? group->getParameter(key) : std::string();
-}
+using Read = ParameterReader;
 
 // The font image holds 17 x 4 glyphs; the text is one row of 64 cells.
 const int fontColumns = 17;
@@ -38,13 +35,11 @@ void ScrollEffect::init() {
     phase = 0.0f;
     amplitude = 0.1f;
 
-    font = nullptr;
-    if (QLNDemosys::texturePool && has(parameters, "font"))
-        font = QLNDemosys::texturePool->getTexture(value(parameters, "font"));
-    text = value(parameters, "text");
+    font = Read::texture(parameters, "font");
+    text = Read::text(parameters, "text");
     buffer = nullptr;
-    if (QLNDemosys::fboPool && has(parameters, "fontbuffer"))
-        buffer = QLNDemosys::fboPool->getFBO(value(parameters, "fontbuffer"));
+    if (QLNDemosys::fboPool && Read::has(parameters, "fontbuffer"))
+        buffer = QLNDemosys::fboPool->getFBO(Read::text(parameters, "fontbuffer"));
 
     if (writer) return;  // typed once: a second init keeps the picture
     writer = new Textwriter(font, fontColumns, fontRows);
@@ -66,7 +61,7 @@ void ScrollEffect::reset() { scroll = 0.0f; }
 void ScrollEffect::modify(std::string method, ParameterGroup* params) {
     // The picture is not typed again, so a new text does not show.
     if (method == "setText") {
-        if (has(params, "p2")) text = value(params, "p2");
+        if (Read::has(params, "p2")) text = Read::text(params, "p2");
     } else if (method == "reset") {
         reset();
     }

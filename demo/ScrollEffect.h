@@ -13,8 +13,6 @@ class ScrollEffect : public Effect {
 public:
     ScrollEffect();
     ~ScrollEffect() override;
-    ScrollEffect(const ScrollEffect&) = delete;
-    ScrollEffect& operator=(const ScrollEffect&) = delete;
 
     void draw(unsigned int time) override;
     // Reads "font" (texture alias), "text" and "fontbuffer" (framebuffer name).

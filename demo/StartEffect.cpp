@@ -4,11 +4,8 @@
 
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/QLNDemosys.h"
-
-namespace {
-const double pi = 3.141592653589793;
-}
 
 StartEffect::StartEffect() : angle(90.0f), speed(0.0f), offset(0.0f), divisor(1.0f) {}
 
@@ -31,7 +28,7 @@ void StartEffect::draw(unsigned int time) {
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
 
-    offset = static_cast<float>(std::sin(angle * pi / 180.0) / divisor);
+    offset = static_cast<float>(std::sin(angle * GLHelpers::pi / 180.0) / divisor);
     float step = getFrameTime(time);
 
     glClearColor(0.0f, 0.0f, 0.0f, 1.0f);

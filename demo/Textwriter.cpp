@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/Texture.h"
 
 namespace {
@@ -100,12 +101,7 @@ void Textwriter::write(unsigned int time) {
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
     glEnable(GL_COLOR_MATERIAL);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -144,10 +140,7 @@ void Textwriter::write(unsigned int time) {
     glDisable(GL_ALPHA_TEST);
     glDisable(GL_BLEND);
     glDisable(GL_COLOR_MATERIAL);
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
 }
 
 void Textwriter::writeAll() {

@@ -3,17 +3,14 @@
 #include "demo/Textwriter.h"
 #include "demosys/DataTexturePool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "qlnutils/QLNUtils.h"
 
 namespace {
 
-bool has(ParameterGroup* group, const char* key) { return group && group->exist(key); }
-
 // A missing key reads as empty text, which converts to 0.
-std::string value(ParameterGroup* group, const char* key) {
-    return has(group, key) ? group->getParameter(key) : std::string();
-}
+using Read = ParameterReader;
 
 bool isTrue(const std::string& text) { return text == "1" || text == "true"; }
 
@@ -28,10 +25,9 @@ void TextwriterEffect::draw(unsigned int time) {
 }
 
 void TextwriterEffect::init() {
-    int columns = QLNUtils::string2Int(value(parameters, "cols"));
-    int rows = QLNUtils::string2Int(value(parameters, "rows"));
-    Texture* font = nullptr;
-    if (QLNDemosys::texturePool) font = QLNDemosys::texturePool->getTexture(value(parameters, "texture"));
+    int columns = Read::integer(parameters, "cols");
+    int rows = Read::integer(parameters, "rows");
+    Texture* font = Read::texture(parameters, "texture");
     if (!writer) writer = new Textwriter(font, columns, rows);
 }
 
@@ -39,10 +35,10 @@ void TextwriterEffect::reset() {}
 
 void TextwriterEffect::modify(std::string method, ParameterGroup* params) {
     // A call without the arguments it needs changes nothing.
-    bool one = has(params, "p2");
-    bool two = one && has(params, "p3");
-    std::string p2 = value(params, "p2");
-    std::string p3 = value(params, "p3");
+    bool one = Read::has(params, "p2");
+    bool two = one && Read::has(params, "p3");
+    std::string p2 = Read::text(params, "p2");
+    std::string p3 = Read::text(params, "p3");
 
     if (method == "setText") {
         if (!one) return;

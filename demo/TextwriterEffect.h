@@ -11,8 +11,6 @@ class TextwriterEffect : public Effect {
 public:
     TextwriterEffect();
     ~TextwriterEffect() override;
-    TextwriterEffect(const TextwriterEffect&) = delete;
-    TextwriterEffect& operator=(const TextwriterEffect&) = delete;
 
     // Time runs from the last modify event, so every scripted call restarts the ghost writer.
     void draw(unsigned int time) override;

@@ -4,25 +4,16 @@
 
 #include "demosys/DataTexturePool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
-
-namespace {
-
-// Null for a missing key, an unknown alias or a missing pool.
-Texture* pictureOf(ParameterGroup* group, const char* key) {
-    if (!group || !group->exist(key) || !QLNDemosys::texturePool) return nullptr;
-    return QLNDemosys::texturePool->getTexture(group->getParameter(key));
-}
-
-}  // namespace
 
 TitleEffect::TitleEffect() : picture1(nullptr), picture2(nullptr), picture3(nullptr) {}
 
 void TitleEffect::init() {
-    picture1 = pictureOf(parameters, "brovell1");
-    picture2 = pictureOf(parameters, "brovell2");
-    picture3 = pictureOf(parameters, "brovell3");
+    picture1 = ParameterReader::texture(parameters, "brovell1");
+    picture2 = ParameterReader::texture(parameters, "brovell2");
+    picture3 = ParameterReader::texture(parameters, "brovell3");
 }
 
 void TitleEffect::draw(unsigned int time) {

@@ -3,12 +3,12 @@
 #include <GL/glew.h>
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
+
 namespace {
 
-const float kPi = 3.1415927f;
-
-float sinDegrees(float degrees) { return std::sin(degrees * kPi / 180.0f); }
-float cosDegrees(float degrees) { return std::cos(degrees * kPi / 180.0f); }
+float sinDegrees(float degrees) { return std::sin(degrees * GLHelpers::piFloat / 180.0f); }
+float cosDegrees(float degrees) { return std::cos(degrees * GLHelpers::piFloat / 180.0f); }
 
 }  // namespace
 

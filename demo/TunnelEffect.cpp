@@ -5,16 +5,11 @@
 #include "demo/Tunnel.h"
 #include "demosys/DataTexturePool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
 
 namespace {
-
-// An alias the script leaves out or the pool does not know gives no texture.
-Texture* textureFor(ParameterGroup* parameters, const std::string& key) {
-    if (parameters == nullptr || !parameters->exist(key) || QLNDemosys::texturePool == nullptr) return nullptr;
-    return QLNDemosys::texturePool->getTexture(parameters->getParameter(key));
-}
 
 // A tube without its texture is left out of the picture.
 void drawTextured(Tunnel* tunnel, Texture* texture, float speed, float frameTime) {
@@ -37,8 +32,8 @@ TunnelEffect::~TunnelEffect() {
 Effect* TunnelEffect::getInstance() { return new TunnelEffect(); }
 
 void TunnelEffect::init() {
-    innerTexture = textureFor(parameters, "tunnelTex");
-    outerTexture = textureFor(parameters, "tunnelTex2");
+    innerTexture = ParameterReader::texture(parameters, "tunnelTex");
+    outerTexture = ParameterReader::texture(parameters, "tunnelTex2");
     if (innerTunnel == nullptr) innerTunnel = new Tunnel(2.0f, 40.0f, 36, 80);
     if (outerTunnel == nullptr) outerTunnel = new Tunnel(3.0f, 40.0f, 36, 80);
 }

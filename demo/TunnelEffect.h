@@ -10,8 +10,6 @@ class TunnelEffect : public Effect {
 public:
     TunnelEffect();
     virtual ~TunnelEffect();
-    TunnelEffect(const TunnelEffect&) = delete;
-    TunnelEffect& operator=(const TunnelEffect&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

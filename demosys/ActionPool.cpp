@@ -5,14 +5,13 @@
 #include "demosys/Effect.h"
 #include "demosys/FrameBufferObject.h"
 #include "qlnutils/QLNUtils.h"
+#include "qlnutils/StringUtils.h"
 
 static const unsigned int topLayer = 100;
 
 void ActionPool::addEffect(std::string name, Effect* effect, int layer) {
     if (static_cast<unsigned int>(layer) > topLayer) return;
-    std::string key = QLNUtils::int2string(layer);
-    while (key.size() < 3) key = "0" + key;
-    key += "_" + name;
+    std::string key = StringUtils::zeroPad(QLNUtils::int2string(layer), 3) + "_" + name;
     effects[key] = effect;
     aliasTable[name] = key;
 }

@@ -15,7 +15,7 @@ public:
     void setEndTime(unsigned int ticks);
     void setEndTime(QLNTime time);
 
-private:
+protected:
     Animation* animation;
     QLNTime startTime;
     QLNTime endTime;

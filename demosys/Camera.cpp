@@ -3,6 +3,8 @@
 #include <GL/glew.h>
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
+
 Camera::Camera()
     : pitch(0.0f),
       heading(0.0f),
@@ -57,8 +59,8 @@ void Camera::setGLMatrixes() {
 
     Vector<float, 3> xAxis(1.0f, 0.0f, 0.0f);
     Vector<float, 3> yAxis(0.0f, 1.0f, 0.0f);
-    pitchRotation.axisAngleRotation(xAxis, pitch / 180.0f * 3.1415927f);
-    headingRotation.axisAngleRotation(yAxis, heading / 180.0f * 3.1415927f);
+    pitchRotation.axisAngleRotation(xAxis, pitch / 180.0f * GLHelpers::piFloat);
+    headingRotation.axisAngleRotation(yAxis, heading / 180.0f * GLHelpers::piFloat);
 
     (pitchRotation * headingRotation).fillGLMatrix(matrix);
     glMultMatrixf(matrix);

@@ -1,14 +1,12 @@
 #pragma once
 // Camera and object paths by name. Owns them.
-#include <map>
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Animation;
 
-class DataAnimationPool : public DataPool {
+class DataAnimationPool : public DataMapPool<Animation> {
 public:
     ~DataAnimationPool() override;
     // Counts every add, also one that replaces an existing name.
@@ -21,7 +19,4 @@ public:
 
 private:
     int numAnimations = 0;
-    std::map<std::string, Animation*> animations;
-    // Values whose name was taken again: out of the pool, deleted with it.
-    std::vector<Animation*> replaced;
 };

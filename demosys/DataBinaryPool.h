@@ -1,14 +1,12 @@
 #pragma once
 // Raw binary blobs by name. Owns them.
-#include <map>
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Binary;
 
-class DataBinaryPool : public DataPool {
+class DataBinaryPool : public DataMapPool<Binary> {
 public:
     ~DataBinaryPool() override;
     // Counts every add, also one that replaces an existing name.
@@ -19,9 +17,4 @@ public:
     Binary* getData(int index);
     bool exist(std::string name);
     std::string toString() override;
-
-private:
-    std::map<std::string, Binary*> binaries;
-    // Values whose name was taken again: out of the pool, deleted with it.
-    std::vector<Binary*> replaced;
 };

@@ -1,46 +1,26 @@
 #include "demosys/DataEffectPool.h"
 
-#include <iostream>
-#include <iterator>
-#include <set>
-
 #include "demosys/Effect.h"
 
-DataEffectPool::~DataEffectPool() {
-    std::cout << "[Dispose effectPool]" << std::endl;
-    // A value entered under two names is deleted once.
-    std::set<Effect*> deleted;
-    for (auto& entry : effects) {
-        std::cout << " -> delete " << entry.first << std::endl;
-        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
-    }
-    for (Effect* value : replaced)
-        if (deleted.insert(value).second) delete value;
-}
+DataEffectPool::~DataEffectPool() { disposeEntries("[Dispose effectPool]"); }
 
-void DataEffectPool::addEffect(std::string name, Effect* effect) {
-    auto found = effects.find(name);
-    if (found != effects.end() && found->second && found->second != effect) replaced.push_back(found->second);
-    effects[name] = effect;
-}
+void DataEffectPool::addEffect(std::string name, Effect* effect) { put(name, effect); }
 
-Effect* DataEffectPool::getEffect(std::string name) { return effects[name]; }
+Effect* DataEffectPool::getEffect(std::string name) { return entries[name]; }
 
-bool DataEffectPool::exist(std::string name) { return effects.count(name) > 0; }
+bool DataEffectPool::exist(std::string name) { return contains(name); }
 
 std::string DataEffectPool::getKey(int index) {
-    if (index < 0 || index >= static_cast<int>(effects.size())) return "";
-    auto entry = effects.begin();
-    std::advance(entry, index);
-    return entry->first;
+    auto entry = entryAt(index);
+    return entry == entries.end() ? "" : entry->first;
 }
 
-void DataEffectPool::removeEffect(std::string name) { effects.erase(name); }
+void DataEffectPool::removeEffect(std::string name) { entries.erase(name); }
 
-int DataEffectPool::size() { return static_cast<int>(effects.size()); }
+int DataEffectPool::size() { return entryCount(); }
 
 std::string DataEffectPool::toString() {
     std::string text = "EffectPool {\n";
-    for (auto& entry : effects) text += "    " + entry.first + " = Effect\n";
+    for (auto& entry : entries) text += "    " + entry.first + " = Effect\n";
     return text + "}\n";
 }

@@ -1,14 +1,12 @@
 #pragma once
 // Effect instances (and, as the template pool, the registered prototypes) by name. Owns them.
-#include <map>
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Effect;
 
-class DataEffectPool : public DataPool {
+class DataEffectPool : public DataMapPool<Effect> {
 public:
     ~DataEffectPool() override;
     void addEffect(std::string name, Effect* effect);
@@ -21,9 +19,4 @@ public:
     void removeEffect(std::string name);
     int size() override;
     std::string toString() override;
-
-private:
-    std::map<std::string, Effect*> effects;
-    // Values whose name was taken again: out of the pool, deleted with it.
-    std::vector<Effect*> replaced;
 };

@@ -1,14 +1,12 @@
 #pragma once
 // The event prototypes ("start", "stop", "modify") by name. Owns them.
-#include <map>
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Event;
 
-class DataEventPool : public DataPool {
+class DataEventPool : public DataMapPool<Event> {
 public:
     ~DataEventPool() override;
     void addEvent(std::string name, Event* event);
@@ -17,9 +15,4 @@ public:
     bool exist(std::string name);
     int size() override;
     std::string toString() override;
-
-private:
-    std::map<std::string, Event*> events;
-    // Values whose name was taken again: out of the pool, deleted with it.
-    std::vector<Event*> replaced;
 };

@@ -1,16 +1,13 @@
 #pragma once
-// Off-screen render targets by alias.
-#include <map>
+// Off-screen render targets by alias. Owns them.
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class FrameBufferObject;
 
-class DataFBOPool : public DataPool {
+class DataFBOPool : public DataMapPool<FrameBufferObject> {
 public:
-    DataFBOPool();
     ~DataFBOPool() override;
 
     void addFBO(std::string name, FrameBufferObject* fbo);
@@ -20,9 +17,4 @@ public:
 
     int size() override;
     std::string toString() override;
-
-private:
-    std::map<std::string, FrameBufferObject*> fbos;
-    // Targets whose name was taken again: out of the pool, deleted with it.
-    std::vector<FrameBufferObject*> replaced;
 };

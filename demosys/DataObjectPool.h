@@ -1,18 +1,16 @@
 #pragma once
-// Loaded 3-D scenes by alias.
-#include <map>
+// Loaded 3-D scenes by alias. Owns them.
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class QLNScene;
 
-class DataObjectPool : public DataPool {
+class DataObjectPool : public DataMapPool<QLNScene> {
 public:
-    DataObjectPool();
     ~DataObjectPool() override;
 
+    // Counts every add, also one that replaces an existing name.
     void addObject(std::string name, QLNScene* scene);
     QLNScene* getObject(std::string name);
     // The index-th scene in name order; null past the end.
@@ -20,9 +18,4 @@ public:
     bool exists(std::string name);
 
     std::string toString() override;
-
-private:
-    std::map<std::string, QLNScene*> objects;
-    // Scenes whose name was taken again: out of the pool, deleted with it.
-    std::vector<QLNScene*> replaced;
 };

@@ -1,39 +1,21 @@
 #include "demosys/DataShaderPool.h"
 
 #include <iostream>
-#include <set>
 
 #include "demosys/Shader.h"
 
-DataShaderPool::DataShaderPool() {}
+DataShaderPool::~DataShaderPool() { disposeEntries(); }
 
-DataShaderPool::~DataShaderPool() {
-    std::set<Shader*> deleted;
-    for (auto& entry : shaders)
-        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
-    for (Shader* shader : replaced)
-        if (deleted.insert(shader).second) delete shader;
-}
-
-void DataShaderPool::addShader(std::string name, Shader* shader) {
-    auto found = shaders.find(name);
-    if (found != shaders.end() && found->second && found->second != shader) replaced.push_back(found->second);
-    shaders[name] = shader;
-}
+void DataShaderPool::addShader(std::string name, Shader* shader) { put(name, shader); }
 
 // Deliberately the plain subscript: a miss leaves the name behind with no shader.
-Shader* DataShaderPool::getShader(std::string name) { return shaders[name]; }
+Shader* DataShaderPool::getShader(std::string name) { return entries[name]; }
 
-bool DataShaderPool::exists(std::string name) { return shaders.count(name) > 0; }
+bool DataShaderPool::exists(std::string name) { return contains(name); }
 
-int DataShaderPool::size() { return (int)shaders.size(); }
+int DataShaderPool::size() { return entryCount(); }
 
 std::string DataShaderPool::toString() {
     std::cout << "Shaders in pool : " << size();
-    std::string text = "ShaderPool {\n";
-    for (auto& entry : shaders)
-        text += "  " + entry.first + " = " + (entry.second ? entry.second->toString() : std::string("NULL")) + "\n";
-    if (shaders.empty()) text += "<Empty>\n";
-    text += "}\n";
-    return text;
+    return "ShaderPool {\n" + listEntries("  ", "NULL", "\n") + (entries.empty() ? "<Empty>\n" : "") + "}\n";
 }

@@ -1,16 +1,13 @@
 #pragma once
-// Linked shader programs by alias.
-#include <map>
+// Linked shader programs by alias. Owns them.
 #include <string>
-#include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Shader;
 
-class DataShaderPool : public DataPool {
+class DataShaderPool : public DataMapPool<Shader> {
 public:
-    DataShaderPool();
     ~DataShaderPool() override;
 
     void addShader(std::string name, Shader* shader);
@@ -20,9 +17,4 @@ public:
 
     int size() override;
     std::string toString() override;
-
-private:
-    std::map<std::string, Shader*> shaders;
-    // Shaders whose name was taken again: out of the pool, deleted with it.
-    std::vector<Shader*> replaced;
 };

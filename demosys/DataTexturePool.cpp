@@ -1,48 +1,25 @@
 #include "demosys/DataTexturePool.h"
 
-#include <iostream>
-#include <set>
-
 #include "demosys/Texture.h"
 #include "qlnutils/QLNUtils.h"
 
-DataTexturePool::DataTexturePool() : numTextures(0) {}
-
-DataTexturePool::~DataTexturePool() {
-    std::cout << "[Dispose texturePool]" << std::endl;
-    std::set<Texture*> deleted;
-    for (auto& entry : textures) {
-        std::cout << " -> delete texture '" << entry.first << "'" << std::endl;
-        if (entry.second && deleted.insert(entry.second).second) delete entry.second;
-    }
-    for (Texture* texture : replaced)
-        if (deleted.insert(texture).second) delete texture;
-}
-
-void DataTexturePool::store(const std::string& alias, Texture* texture) {
-    auto found = textures.find(alias);
-    if (found != textures.end() && found->second && found->second != texture) replaced.push_back(found->second);
-    textures[alias] = texture;
-}
+DataTexturePool::~DataTexturePool() { disposeEntries("[Dispose texturePool]", " -> delete texture '", "'"); }
 
 void DataTexturePool::addTexture(std::string alias, std::string filename, unsigned int textureID) {
     numTextures++;
-    store(alias, new Texture(filename, textureID));
+    put(alias, new Texture(filename, textureID));
     files[filename] = alias;
 }
 
 void DataTexturePool::addTexture(std::string alias, Texture* texture) {
     numTextures++;
-    store(alias, texture);
+    put(alias, texture);
     files[texture ? texture->getFilename() : std::string()] = alias;
 }
 
-Texture* DataTexturePool::getTexture(std::string alias) {
-    if (!exist(alias)) return nullptr;
-    return textures[alias];
-}
+Texture* DataTexturePool::getTexture(std::string alias) { return find(alias); }
 
-bool DataTexturePool::exist(std::string alias) { return textures.count(alias) > 0; }
+bool DataTexturePool::exist(std::string alias) { return contains(alias); }
 
 bool DataTexturePool::isFileInPool(std::string filename) { return files.count(filename) > 0; }
 
@@ -58,7 +35,7 @@ unsigned int DataTexturePool::getTextureIDbyFilename(std::string filename) {
 
 std::vector<unsigned int> DataTexturePool::getTexVector() {
     std::vector<unsigned int> ids;
-    for (auto& entry : textures)
+    for (auto& entry : entries)
         if (entry.second) ids.push_back(entry.second->getID());
     return ids;
 }
@@ -67,14 +44,14 @@ std::map<std::string, std::string> DataTexturePool::getFilemap() { return files;
 
 unsigned int DataTexturePool::getTextureTotalFilesize() {
     unsigned int total = 0;
-    for (auto& entry : textures)
+    for (auto& entry : entries)
         if (entry.second) total += (unsigned int)entry.second->getFileSize();
     return total;
 }
 
 unsigned int DataTexturePool::getTextureTotalMemsize() {
     unsigned int total = 0;
-    for (auto& entry : textures)
+    for (auto& entry : entries)
         if (entry.second) total += (unsigned int)entry.second->getMemorySize();
     return total;
 }
@@ -90,8 +67,7 @@ std::string DataTexturePool::toString() {
     text += "    total file size : " + QLNUtils::float2string((float)fileBytes * 0.0009765625f * 0.0009765625f) +
             " mb - " + QLNUtils::uint2string(fileBytes) + " bytes\n";
     text += "    numTextures = " + QLNUtils::int2string(numTextures) + "\n";
-    for (auto& entry : textures)
-        text += "    " + entry.first + " = " + (entry.second ? entry.second->toString() : std::string("NULL\n"));
+    text += listEntries("    ", "NULL\n");
     text += "}\n";
     return text;
 }

@@ -4,13 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "demosys/DataPool.h"
+#include "demosys/DataMapPool.h"
 
 class Texture;
 
-class DataTexturePool : public DataPool {
+class DataTexturePool : public DataMapPool<Texture> {
 public:
-    DataTexturePool();
     ~DataTexturePool() override;
 
     void addTexture(std::string alias, std::string filename, unsigned int textureID);
@@ -30,11 +29,6 @@ public:
     std::string toString() override;
 
 private:
-    void store(const std::string& alias, Texture* texture);
-
-    int numTextures;
-    std::map<std::string, Texture*> textures;
+    int numTextures = 0;
     std::map<std::string, std::string> files;
-    // Textures whose alias was taken again: out of the pool, deleted with it.
-    std::vector<Texture*> replaced;
 };

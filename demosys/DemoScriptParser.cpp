@@ -10,9 +10,11 @@
 #include "demosys/EffectDefinition.h"
 #include "demosys/EffectDefinitionParser.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScriptDefaults.h"
+#include "demosys/ValueType.h"
 #include "qlnutils/File.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
@@ -37,22 +39,10 @@ ParameterGroup* defaultsOf(EffectDefinition* definition) {
     Parameters* declared = definition->getParameters();
     for (int i = 0; i < declared->size(); ++i) {
         ParameterGroup* attributes = declared->getValue(i);
-        std::string value = attributes->exist("default") ? attributes->getParameter("default") : "";
+        std::string value = ParameterReader::text(attributes, "default");
         defaults->addParameter(declared->getKey(i), value);
     }
     return defaults;
-}
-
-// A path that cannot be read as a file (a directory, say) counts as not found.
-bool readWholeFile(const std::string& name, std::string& text) {
-    try {
-        File file(name, 0);
-        if (!file.exists()) return false;
-        text = file.getAsString();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
 }
 
 }  // namespace
@@ -66,7 +56,7 @@ DemoScriptParser::DemoScriptParser(std::string fileName)
       doParseDefaults(false),
       debug(false) {
     std::string text;
-    if (!readWholeFile(fileName, text)) {
+    if (!File::readWholeFile(fileName, text)) {
         errorMessage = "DemoScriptParser : '" + fileName + "' not found!";
         valid = false;
         return;
@@ -287,26 +277,18 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
         return false;
     }
     ParameterGroup* attributes = definition->getParameter(key);
-    std::string type = attributes->exist("type") ? attributes->getParameter("type") : "";
+    std::string type = ParameterReader::text(attributes, "type");
     message += "Value :  '" + value + "'\n";
 
-    if (type == "float") {
-        if (StringUtils::isFloat(value)) return true;
-        fail(message + "Error :  value is not a float as defined in " + className + ".def\n");
+    ValueType::Kind kind = ValueType::ofParameter(type);
+    if (kind != ValueType::String && kind != ValueType::Unknown) {
+        if (ValueType::accepts(kind, value)) return true;
+        fail(message + "Error :  value is not " + ValueType::parameterNoun(kind) + " as defined in " + className +
+             ".def\n");
         return false;
     }
-    if (type == "int") {
-        if (StringUtils::isInt(value)) return true;
-        fail(message + "Error :  value is not an int as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "bool") {
-        if (StringUtils::isBool(value)) return true;
-        fail(message + "Error :  value is not a bool as defined in " + className + ".def\n");
-        return false;
-    }
-    if (type == "string") {
-        std::string options = attributes->exist("values") ? attributes->getParameter("values") : "";
+    if (kind == ValueType::String) {
+        std::string options = ParameterReader::text(attributes, "values");
         if (options != "<string>") {
             bool allowed = false;
             StringTokenizer option(options, ",");
@@ -336,7 +318,7 @@ bool DemoScriptParser::loadDefinitions() {
     scriptDefaults = new ScriptDefaults();
 
     ParameterGroup* paths = collections[systemParameters]->getGroup("paths");
-    std::string path = paths != nullptr && paths->exist("definition") ? paths->getParameter("definition") : "";
+    std::string path = ParameterReader::text(paths, "definition");
     std::cout << "path = " << path << std::endl;
 
     std::vector<std::string> names;
@@ -401,8 +383,7 @@ std::string DemoScriptParser::errorStringOMP(std::string object, std::string met
 }
 
 std::string DemoScriptParser::forceStringLength(std::string text, unsigned int length) {
-    while (text.length() < length) text = "0" + text;
-    return text;
+    return StringUtils::zeroPad(text, length);
 }
 
 bool DemoScriptParser::checkHeader(std::string text) { return text == header; }

@@ -8,10 +8,12 @@
 #include "demosys/EffectDefinition.h"
 #include "demosys/Event.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/QLNTime.h"
 #include "demosys/ScriptDefaults.h"
 #include "demosys/Timeline.h"
+#include "demosys/ValueType.h"
 #include "qlnutils/StringTokenizer.h"
 #include "qlnutils/StringUtils.h"
 
@@ -74,7 +76,7 @@ bool DemoScriptParser::readCall(Timeline* timeline, DataEventPool* templates, co
 
     if (templates == nullptr || !templates->exist(method)) {
         ParameterGroup* instance = effects->getGroup(object);
-        std::string className = instance->exist("class") ? instance->getParameter("class") : "";
+        std::string className = ParameterReader::text(instance, "class");
         return readMethodCall(timeline, templates, object, className, method, arguments.release(), count);
     }
 
@@ -119,28 +121,13 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
     std::unique_ptr<QLNTime> eventTime;
     for (int i = 0; i < count; ++i) {
         std::string position = forceStringLength(std::to_string(i), 2);
-        std::string type = signature->exist(position) ? signature->getParameter(position) : "";
+        std::string type = ParameterReader::text(signature, position);
         std::string key = "p" + std::to_string(i + 1);
         std::string value = arguments->getParameter(key);
         std::string problem;
         bool toStandardError = false;
-        if (type == "<event>" || type == "<time>") {
-            std::unique_ptr<QLNTime> time(new QLNTime(value));
-            if (!time->isValid()) {
-                problem = "Parameter is not a valid (mm:ss:mmm) timestamp as defined in " + className + ".def\n";
-            } else if (type == "<event>") {
-                eventTime = std::move(time);
-            }
-        } else if (type == "<integer>") {
-            if (!StringUtils::isInt(value)) problem = "Parameter is not an integer as defined in " + className + ".def\n";
-        } else if (type == "<bool>") {
-            if (!StringUtils::isBool(value)) problem = "Parameter is not a boolean as defined in " + className + ".def\n";
-        } else if (type == "<float>") {
-            if (!StringUtils::isFloat(value)) {
-                problem = "Parameter is not a float as defined in " + className + ".def\n";
-                toStandardError = true;
-            }
-        } else if (type == "<string>") {
+        ValueType::Kind kind = ValueType::ofArgument(type);
+        if (kind == ValueType::String) {
             std::string resolved = reverseLookup(value);
             if (resolved.empty()) {
                 problem = "Reverse lookup failed\n";
@@ -148,6 +135,11 @@ bool DemoScriptParser::readMethodCall(Timeline* timeline, DataEventPool* templat
             } else {
                 arguments->addParameter(key, resolved);
             }
+        } else if (!ValueType::accepts(kind, value)) {
+            problem = "Parameter is not " + ValueType::argumentNoun(kind) + " as defined in " + className + ".def\n";
+            toStandardError = kind == ValueType::Float;
+        } else if (type == "<event>") {
+            eventTime.reset(new QLNTime(value));
         }
         if (!problem.empty()) {
             std::string message = errorStringOMP(object, method, value) + " (" + std::to_string(i) + ")\n" + problem;

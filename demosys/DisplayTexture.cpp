@@ -8,6 +8,7 @@
 #include "demosys/DataTexturePool.h"
 #include "demosys/FrameBufferObject.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Texture.h"
 #include "qlnutils/QLNUtils.h"
@@ -15,20 +16,7 @@
 namespace {
 
 // A missing argument reads as empty text: a zero time, a zero number, no such alias.
-std::string argument(ParameterGroup* params, const std::string& key) {
-    if (params == nullptr || !params->exist(key)) return std::string();
-    return params->getParameter(key);
-}
-
-float number(ParameterGroup* params, const std::string& key) {
-    return QLNUtils::string2Float(argument(params, key));
-}
-
-QLNTime timeArgument(ParameterGroup* params, const std::string& key) {
-    QLNTime time;
-    time.setTimeAsString(argument(params, key));
-    return time;
-}
+using Read = ParameterReader;
 
 DataTexturePool* namedTexturePool() {
     if (QLNDemosys::data == nullptr) return nullptr;
@@ -77,17 +65,15 @@ void DisplayTexture::init() {
     ParameterGroup* p = parameters;
     if (p != nullptr) {
         // Keys the script does not give keep their previous values.
-        if (p->exist("xpos")) xPos = number(p, "xpos");
-        if (p->exist("ypos")) yPos = number(p, "ypos");
-        if (p->exist("zpos")) zPos = number(p, "zpos");
-        if (p->exist("xrot")) xRotSpeed = number(p, "xrot");
-        if (p->exist("yrot")) yRotSpeed = number(p, "yrot");
-        if (p->exist("zrot")) zRotSpeed = number(p, "zrot");
-        if (p->exist("texture"))
-            texture = QLNDemosys::texturePool ? QLNDemosys::texturePool->getTexture(p->getParameter("texture"))
-                                              : nullptr;
-        if (p->exist("xscale")) xScale = number(p, "xscale");
-        if (p->exist("yscale")) yScale = number(p, "yscale");
+        xPos = Read::number(p, "xpos", xPos);
+        yPos = Read::number(p, "ypos", yPos);
+        zPos = Read::number(p, "zpos", zPos);
+        xRotSpeed = Read::number(p, "xrot", xRotSpeed);
+        yRotSpeed = Read::number(p, "yrot", yRotSpeed);
+        zRotSpeed = Read::number(p, "zrot", zRotSpeed);
+        if (p->exist("texture")) texture = Read::texture(p, "texture");
+        xScale = Read::number(p, "xscale", xScale);
+        yScale = Read::number(p, "yscale", yScale);
         if (p->exist("alphablend")) {
             std::string blend = p->getParameter("alphablend");
             alphaBlend = blend == "1" || blend == "true";
@@ -99,60 +85,60 @@ void DisplayTexture::init() {
 void DisplayTexture::modify(std::string method, ParameterGroup* params) {
     if (method == "setRenderTarget") {
         DataFBOPool* pool = namedFBOPool();
-        std::string name = argument(params, "p2");
+        std::string name = Read::text(params, "p2");
         setRenderTarget(pool != nullptr && pool->exists(name) ? pool->getFBO(name) : nullptr);
     } else if (method == "fadeUp") {
         fadeInProgress = 0;
         fadeOutProgress = 1.0;
         alpha = 0;
-        fadeStart = timeArgument(params, "p1");
-        fadeEnd = timeArgument(params, "p2");
+        fadeStart = Read::time(params, "p1");
+        fadeEnd = Read::time(params, "p2");
     } else if (method == "fadeDown") {
         alpha = 1.0f;
         fadeInProgress = 1.0;
         fadeOutProgress = 0;
-        fadeStart = timeArgument(params, "p1");
-        fadeEnd = timeArgument(params, "p2");
+        fadeStart = Read::time(params, "p1");
+        fadeEnd = Read::time(params, "p2");
     } else if (method == "moveTo") {
         moveProgress = 0;
         moveFrom = Vector<float, 3>(xPos, yPos, zPos);
-        moveStart = timeArgument(params, "p1");
-        moveEnd = timeArgument(params, "p2");
-        moveTo = Vector<float, 3>(number(params, "p3"), number(params, "p4"), number(params, "p5"));
+        moveStart = Read::time(params, "p1");
+        moveEnd = Read::time(params, "p2");
+        moveTo = Vector<float, 3>(Read::number(params, "p3"), Read::number(params, "p4"), Read::number(params, "p5"));
     } else if (method == "easeIn" || method == "easeOut") {
-        moveStart = timeArgument(params, "p1");
-        moveEnd = timeArgument(params, "p2");
+        moveStart = Read::time(params, "p1");
+        moveEnd = Read::time(params, "p2");
         moveFrom = Vector<float, 3>(xPos, yPos, zPos);
-        moveTo = Vector<float, 3>(number(params, "p3"), number(params, "p4"), number(params, "p5"));
+        moveTo = Vector<float, 3>(Read::number(params, "p3"), Read::number(params, "p4"), Read::number(params, "p5"));
         Interpolate& ease = method == "easeIn" ? easeInInterpolator : easeOutInterpolator;
         ease.setTime(moveStart, moveEnd);
         ease.setVectors(moveFrom, moveTo);
     } else if (method == "setScaleValue") {
-        xScale = number(params, "p2");
-        yScale = number(params, "p3");
+        xScale = Read::number(params, "p2");
+        yScale = Read::number(params, "p3");
     } else if (method == "setTexture") {
         DataTexturePool* pool = namedTexturePool();
-        texture = pool != nullptr ? pool->getTexture(argument(params, "p2")) : nullptr;
+        texture = pool != nullptr ? pool->getTexture(Read::text(params, "p2")) : nullptr;
     } else if (method == "setRotation") {
-        xRotSpeed = number(params, "p2");
-        yRotSpeed = number(params, "p3");
-        zRotSpeed = number(params, "p4");
+        xRotSpeed = Read::number(params, "p2");
+        yRotSpeed = Read::number(params, "p3");
+        zRotSpeed = Read::number(params, "p4");
     } else if (method == "rotate") {
-        rotateStart = timeArgument(params, "p1");
-        rotateEnd = timeArgument(params, "p2");
-        xRotRate = number(params, "p3");
-        yRotRate = number(params, "p4");
-        zRotRate = number(params, "p5");
+        rotateStart = Read::time(params, "p1");
+        rotateEnd = Read::time(params, "p2");
+        xRotRate = Read::number(params, "p3");
+        yRotRate = Read::number(params, "p4");
+        zRotRate = Read::number(params, "p5");
     } else if (method == "setPosition") {
-        xPos = number(params, "p2");
-        yPos = number(params, "p3");
-        zPos = number(params, "p4");
+        xPos = Read::number(params, "p2");
+        yPos = Read::number(params, "p3");
+        zPos = Read::number(params, "p4");
     } else if (method == "setTransparency") {
-        alpha = number(params, "p2");
+        alpha = Read::number(params, "p2");
     } else if (method == "scrollTexture") {
         scrolling = true;
-        uSpeed = number(params, "p2");
-        vSpeed = number(params, "p3");
+        uSpeed = Read::number(params, "p2");
+        vSpeed = Read::number(params, "p3");
     }
 }
 

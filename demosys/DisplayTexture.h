@@ -15,8 +15,6 @@ class DisplayTexture : public Effect {
 public:
     DisplayTexture();
     virtual ~DisplayTexture();
-    DisplayTexture(const DisplayTexture&) = delete;
-    DisplayTexture& operator=(const DisplayTexture&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

@@ -10,6 +10,9 @@ class Effect {
 public:
     Effect();
     virtual ~Effect();
+    // Effects are cloned through getInstance(), never copied: many own GL objects.
+    Effect(const Effect&) = delete;
+    Effect& operator=(const Effect&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

@@ -1,6 +1,7 @@
 #include "demosys/EffectDefinition.h"
 
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 
 EffectDefinition::EffectDefinition() = default;
@@ -52,7 +53,7 @@ ParameterGroup* EffectDefinition::getDefaults() const {
     for (int i = 0; i < parameters->size(); ++i) {
         ParameterGroup* attributes = parameters->getValue(i);
         // The definition reader always writes a default; a missing one reads as empty.
-        std::string value = attributes && attributes->exist("default") ? attributes->getParameter("default") : "";
+        std::string value = ParameterReader::text(attributes, "default");
         defaults->addParameter(parameters->getKey(i), value);
     }
     return defaults;

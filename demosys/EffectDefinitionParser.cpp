@@ -25,21 +25,7 @@ void replaceGroup(Parameters* collection, const std::string& name, ParameterGrou
 
 // Argument positions as two digits so that key order is argument order.
 std::string positionKey(int position) {
-    std::string key = std::to_string(position);
-    while (key.length() < 2) key = "0" + key;
-    return key;
-}
-
-// A path that cannot be read as a file (a directory, say) counts as not found.
-bool readWholeFile(const std::string& name, std::string& text) {
-    try {
-        File file(name, 0);
-        if (!file.exists()) return false;
-        text = file.getAsString();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
+    return StringUtils::zeroPad(std::to_string(position), 2);
 }
 
 }  // namespace
@@ -52,7 +38,7 @@ bool EffectDefinitionParser::isValid() { return valid; }
 std::string EffectDefinitionParser::getErrorMessage() { return errorMessage; }
 
 bool EffectDefinitionParser::loadFile(std::string name) {
-    if (!readWholeFile(name, content)) {
+    if (!File::readWholeFile(name, content)) {
         errorMessage = "EffectDefinitionParser : '" + name + "' not found!";
         valid = false;
         return false;

@@ -1,7 +1,5 @@
 #include "demosys/EventModifyEffect.h"
 
-#include "demosys/Data.h"
-#include "demosys/DataEffectPool.h"
 #include "demosys/Effect.h"
 #include "demosys/ParameterGroup.h"
 #include "demosys/QLNDemosys.h"
@@ -9,28 +7,19 @@
 
 static const char* const unsetMethod = "<method>";
 
-EventModifyEffect::EventModifyEffect() : parameters(nullptr), time(nullptr), method(unsetMethod), effect(nullptr) {}
+EventModifyEffect::EventModifyEffect() : EventModifyEffect(nullptr) {}
 
-EventModifyEffect::EventModifyEffect(QLNTime* time)
-    : parameters(nullptr), time(time), method(unsetMethod), effect(nullptr) {}
+EventModifyEffect::EventModifyEffect(QLNTime* time) : TimedEvent(time, nullptr), method(unsetMethod), effect(nullptr) {}
 
 EventModifyEffect::EventModifyEffect(QLNTime* time, ParameterGroup* parameters)
-    : parameters(parameters), time(time), method(unsetMethod), effect(nullptr) {
+    : TimedEvent(time, parameters), method(unsetMethod), effect(nullptr) {
     init();
 }
 
-EventModifyEffect::~EventModifyEffect() {
-    delete parameters;
-    delete time;
-}
-
 void EventModifyEffect::init() {
-    effect = nullptr;
-    if (!parameters) return;
-    if (parameters->exist("method")) method = parameters->getParameter("method");
-    std::string object = parameters->exist("object") ? parameters->getParameter("object") : "";
-    DataEffectPool* pool = QLNDemosys::data ? dynamic_cast<DataEffectPool*>(QLNDemosys::data->getData("effectPool")) : nullptr;
-    if (pool && parameters->exist("object")) effect = pool->getEffect(object);
+    // Without a "method" entry the previous name stays.
+    if (parameters && parameters->exist("method")) method = parameters->getParameter("method");
+    effect = objectEffect();
 }
 
 void EventModifyEffect::execute() {
@@ -39,21 +28,6 @@ void EventModifyEffect::execute() {
     if (time) effect->setModifyTime(time->getTicks());
     effect->modify(method, parameters);
 }
-
-void EventModifyEffect::setParameters(ParameterGroup* value) {
-    if (value != parameters) delete parameters;
-    parameters = value;
-    init();
-}
-
-ParameterGroup* EventModifyEffect::getParameters() { return parameters; }
-
-void EventModifyEffect::setTime(QLNTime* value) {
-    if (value != time) delete time;
-    time = value;
-}
-
-QLNTime* EventModifyEffect::getTime() { return time; }
 
 Event* EventModifyEffect::getInstance() { return new EventModifyEffect(); }
 

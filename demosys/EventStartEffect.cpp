@@ -2,42 +2,31 @@
 
 #include "demosys/ActionPool.h"
 #include "demosys/Data.h"
-#include "demosys/DataEffectPool.h"
 #include "demosys/DataFBOPool.h"
 #include "demosys/Effect.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 #include "qlnutils/QLNUtils.h"
 
 static const int defaultLayer = 50;
 
-EventStartEffect::EventStartEffect()
-    : parameters(nullptr), time(nullptr), layer(defaultLayer), effect(nullptr) {}
+EventStartEffect::EventStartEffect() : EventStartEffect(nullptr) {}
 
 EventStartEffect::EventStartEffect(QLNTime* time)
-    : parameters(nullptr), time(time), layer(defaultLayer), effect(nullptr) {}
+    : TimedEvent(time, nullptr), layer(defaultLayer), effect(nullptr) {}
 
 EventStartEffect::EventStartEffect(QLNTime* time, ParameterGroup* parameters)
-    : parameters(parameters), time(time), layer(defaultLayer), effect(nullptr) {
+    : TimedEvent(time, parameters), layer(defaultLayer), effect(nullptr) {
     init();
 }
 
-EventStartEffect::~EventStartEffect() {
-    delete parameters;
-    delete time;
-}
-
 void EventStartEffect::init() {
-    layer = defaultLayer;
-    object.clear();
-    effect = nullptr;
-    if (!parameters) return;
-    if (parameters->exist("p2") && StringUtils::isInt(parameters->getParameter("p2")))
-        layer = QLNUtils::string2Int(parameters->getParameter("p2"));
-    if (parameters->exist("object")) object = parameters->getParameter("object");
-    DataEffectPool* pool = QLNDemosys::data ? dynamic_cast<DataEffectPool*>(QLNDemosys::data->getData("effectPool")) : nullptr;
-    if (pool && parameters->exist("object")) effect = pool->getEffect(object);
+    std::string p2 = ParameterReader::text(parameters, "p2");
+    layer = StringUtils::isInt(p2) ? QLNUtils::string2Int(p2) : defaultLayer;
+    object = ParameterReader::text(parameters, "object");
+    effect = objectEffect();
 }
 
 void EventStartEffect::execute() {
@@ -53,21 +42,6 @@ void EventStartEffect::execute() {
     effect->setRenderTarget(target);
     QLNDemosys::action->addEffect(object, effect, layer);
 }
-
-void EventStartEffect::setParameters(ParameterGroup* value) {
-    if (value != parameters) delete parameters;
-    parameters = value;
-    init();
-}
-
-ParameterGroup* EventStartEffect::getParameters() { return parameters; }
-
-void EventStartEffect::setTime(QLNTime* value) {
-    if (value != time) delete time;
-    time = value;
-}
-
-QLNTime* EventStartEffect::getTime() { return time; }
 
 Event* EventStartEffect::getInstance() { return new EventStartEffect(); }
 

@@ -3,32 +3,23 @@
 // from "p3" (a framebuffer object name).
 #include <string>
 
-#include "demosys/Event.h"
+#include "demosys/TimedEvent.h"
 
 class Effect;
 
-class EventStartEffect : public Event {
+class EventStartEffect : public TimedEvent {
 public:
     EventStartEffect();
     explicit EventStartEffect(QLNTime* time);
     EventStartEffect(QLNTime* time, ParameterGroup* parameters);
-    ~EventStartEffect() override;
-    EventStartEffect(const EventStartEffect&) = delete;
-    EventStartEffect& operator=(const EventStartEffect&) = delete;
 
     void execute() override;
-    void setParameters(ParameterGroup* parameters) override;
-    ParameterGroup* getParameters() override;
-    void setTime(QLNTime* time) override;
-    QLNTime* getTime() override;
     Event* getInstance() override;
     std::string toString() override;
     // Resolves layer, object and effect from the parameters.
-    void init();
+    void init() override;
 
 private:
-    ParameterGroup* parameters;  // owned
-    QLNTime* time;               // owned
     int layer;
     std::string object;
     Effect* effect;  // owned by the effect pool

@@ -4,26 +4,19 @@
 
 #include "demosys/ActionPool.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 
-EventStopEffect::EventStopEffect() : parameters(nullptr), time(nullptr) {}
+EventStopEffect::EventStopEffect() : EventStopEffect(nullptr) {}
 
-EventStopEffect::EventStopEffect(QLNTime* time) : parameters(nullptr), time(time) {}
+EventStopEffect::EventStopEffect(QLNTime* time) : TimedEvent(time, nullptr) {}
 
-EventStopEffect::EventStopEffect(QLNTime* time, ParameterGroup* parameters) : parameters(parameters), time(time) {
+EventStopEffect::EventStopEffect(QLNTime* time, ParameterGroup* parameters) : TimedEvent(time, parameters) {
     init();
 }
 
-EventStopEffect::~EventStopEffect() {
-    delete parameters;
-    delete time;
-}
-
-void EventStopEffect::init() {
-    object.clear();
-    if (parameters && parameters->exist("object")) object = parameters->getParameter("object");
-}
+void EventStopEffect::init() { object = ParameterReader::text(parameters, "object"); }
 
 void EventStopEffect::execute() {
     if (!QLNDemosys::action) return;
@@ -32,21 +25,6 @@ void EventStopEffect::execute() {
               << " : StopEffect(\n"
               << (parameters ? parameters->toString() : "") << ")" << std::endl;
 }
-
-void EventStopEffect::setParameters(ParameterGroup* value) {
-    if (value != parameters) delete parameters;
-    parameters = value;
-    init();
-}
-
-ParameterGroup* EventStopEffect::getParameters() { return parameters; }
-
-void EventStopEffect::setTime(QLNTime* value) {
-    if (value != time) delete time;
-    time = value;
-}
-
-QLNTime* EventStopEffect::getTime() { return time; }
 
 Event* EventStopEffect::getInstance() { return new EventStopEffect(); }
 

@@ -3,21 +3,16 @@
 #include <GL/glew.h>
 #include <algorithm>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/QLNTime.h"
 #include "qlnutils/QLNUtils.h"
 
 namespace {
 
 // A missing argument reads as empty text: a zero time or a zero number.
-std::string argument(ParameterGroup* params, const std::string& key) {
-    if (params == nullptr || !params->exist(key)) return std::string();
-    return params->getParameter(key);
-}
-
-float number(ParameterGroup* params, const std::string& key) {
-    return QLNUtils::string2Float(argument(params, key));
-}
+using Read = ParameterReader;
 
 }  // namespace
 
@@ -48,12 +43,12 @@ void FadeEffect::reset() {
 void FadeEffect::modify(std::string method, ParameterGroup* params) {
     if (method != "fade") return;
     progress = 0;
-    start->setTimeAsString(argument(params, "p1"));
-    end->setTimeAsString(argument(params, "p2"));
-    fromColour = Vector<float, 4>(number(params, "p3"), number(params, "p4"),
-                                  number(params, "p5"), number(params, "p6"));
-    toColour = Vector<float, 4>(number(params, "p7"), number(params, "p8"),
-                                number(params, "p9"), number(params, "p10"));
+    start->setTimeAsString(Read::text(params, "p1"));
+    end->setTimeAsString(Read::text(params, "p2"));
+    fromColour = Vector<float, 4>(Read::number(params, "p3"), Read::number(params, "p4"),
+                                  Read::number(params, "p5"), Read::number(params, "p6"));
+    toColour = Vector<float, 4>(Read::number(params, "p7"), Read::number(params, "p8"),
+                                Read::number(params, "p9"), Read::number(params, "p10"));
 }
 
 void FadeEffect::musicEvent() {
@@ -74,12 +69,7 @@ void FadeEffect::draw(unsigned int time) {
         colour = fromColour.linearInterpolate(toColour, static_cast<float>(t));
     }
 
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);
@@ -92,23 +82,11 @@ void FadeEffect::draw(unsigned int time) {
     // The quad reaches past the viewport on every side.
     glPushMatrix();
     glColor4fv(colour.data());
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex2f(-2, -2);
-    glTexCoord2f(1, 0);
-    glVertex2f(2, -2);
-    glTexCoord2f(1, 1);
-    glVertex2f(2, 2);
-    glTexCoord2f(0, 1);
-    glVertex2f(-2, 2);
-    glEnd();
+    GLHelpers::drawRect(2, 2);
     glPopMatrix();
 
     glDisable(GL_BLEND);
     glDisable(GL_ALPHA_TEST);
     glDisable(GL_COLOR_MATERIAL);
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
 }

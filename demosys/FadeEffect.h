@@ -13,8 +13,6 @@ class FadeEffect : public Effect {
 public:
     FadeEffect();
     virtual ~FadeEffect();
-    FadeEffect(const FadeEffect&) = delete;
-    FadeEffect& operator=(const FadeEffect&) = delete;
 
     virtual void draw(unsigned int time);
     virtual void init();

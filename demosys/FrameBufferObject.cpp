@@ -5,6 +5,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "demosys/GLHelpers.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/ScreenMetrics.h"
 #include "demosys/Texture.h"
@@ -130,32 +131,15 @@ void FrameBufferObject::draw(float s) {
     if (!valid) return;
     GLint mode = GL_MODELVIEW;
     glGetIntegerv(GL_MATRIX_MODE, &mode);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    GLHelpers::pushIdentityMatrices();
 
     colorBuffer->bind();
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-    glBegin(GL_QUADS);
-    glTexCoord2f(0, 0);
-    glVertex2f(-s, -s);
-    glTexCoord2f(1, 0);
-    glVertex2f(s, -s);
-    glTexCoord2f(1, 1);
-    glVertex2f(s, s);
-    glTexCoord2f(0, 1);
-    glVertex2f(-s, s);
-    glEnd();
+    GLHelpers::drawRect(s, s);
     colorBuffer->release();
 
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    GLHelpers::popMatrices();
     glMatrixMode(mode);
 }
 

@@ -1,6 +1,7 @@
 #include "demosys/QLNTime.h"
 
 #include "qlnutils/QLNUtils.h"
+#include "qlnutils/StringUtils.h"
 
 QLNTime::QLNTime() = default;
 
@@ -82,6 +83,5 @@ std::string QLNTime::toString() const {
 }
 
 std::string QLNTime::forceStringLength(std::string text, unsigned int length) {
-    if (text.size() < length) text.insert(0, length - text.size(), '0');
-    return text;
+    return StringUtils::zeroPad(text, length);
 }

@@ -1,18 +1,14 @@
 #include "demosys/ResourceLoader.h"
 
-#include <GL/glew.h>
 #include <iostream>
-#include <vector>
 
 #include "demosys/ActionPool.h"
-#include "demosys/Animation.h"
-#include "demosys/AnimationParser.h"
-#include "demosys/Binary.h"
 #include "demosys/Data.h"
 #include "demosys/DataAnimationPool.h"
 #include "demosys/DataBinaryPool.h"
 #include "demosys/DataEffectPool.h"
 #include "demosys/DataEventPool.h"
+#include "demosys/DataFileLoader.h"
 #include "demosys/DataFBOPool.h"
 #include "demosys/DataObjectPool.h"
 #include "demosys/DataShaderPool.h"
@@ -27,20 +23,14 @@
 #include "demosys/FrameBufferObject.h"
 #include "demosys/GLExtensions.h"
 #include "demosys/ParameterGroup.h"
+#include "demosys/ParameterReader.h"
 #include "demosys/Parameters.h"
 #include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
-#include "demosys/QLNScene.h"
-#include "demosys/QLNSceneLoader.h"
 #include "demosys/QLNTime.h"
 #include "demosys/ScreenMetrics.h"
-#include "demosys/Shader.h"
-#include "demosys/Texture.h"
 #include "demosys/Timeline.h"
-#include "qlnutils/File.h"
 #include "qlnutils/QLNUtils.h"
-#include "qlnutils/StringTokenizer.h"
-#include "qlnutils/StringUtils.h"
 
 using std::cout;
 using std::endl;
@@ -67,7 +57,7 @@ ParameterGroup* ResourceLoader::systemGroup(const string& name) {
 
 string ResourceLoader::path(const string& key) {
     ParameterGroup* paths = systemGroup("paths");
-    return paths && paths->exist(key) ? paths->getParameter(key) : string();
+    return ParameterReader::text(paths, key);
 }
 
 void ResourceLoader::deleteCollections(DemoScriptParser* from) {
@@ -184,7 +174,7 @@ bool ResourceLoader::loadSound() {
     ParameterGroup* sound = systemGroup("sound");
     // Without a sound group (or without "play") there is nothing to play.
     if (!sound || !sound->exist("play") || sound->getParameter("play") != "1") return true;
-    string file = sound->exist("file") ? sound->getParameter("file") : string();
+    string file = ParameterReader::text(sound, "file");
     string soundPath = path("sound") + file;
     cout << "Play : " << soundPath << endl;
     if (file.empty() || !QLNDemosys::soundInit(soundPath.c_str()))
@@ -201,7 +191,7 @@ bool ResourceLoader::createEffectObjects() {
     for (int i = 0; effects && i < effects->size(); ++i) {
         string name = effects->getKey(i);
         ParameterGroup* group = effects->getValue(i);
-        string className = group->exist("class") ? group->getParameter("class") : string();
+        string className = ParameterReader::text(group, "class");
         cout << "Creating instance of " << className << endl;
         Effect* prototype = templates->getEffect(className);
         // The script reader rejects unknown classes; a missing prototype is skipped, not followed.
@@ -232,7 +222,7 @@ bool ResourceLoader::createTimeline() {
 bool ResourceLoader::initDemo() {
     cout << "[Getting Startpos]" << endl;
     ParameterGroup* system = systemGroup("system");
-    QLNTime start(system && system->exist("start") ? system->getParameter("start") : string("00:00:000"));
+    QLNTime start(ParameterReader::text(system, "start", "00:00:000"));
     cout << "startpos = " << start.toString() << endl;
     tick();
     cout << "[Demo Init]" << endl;
@@ -342,215 +332,6 @@ bool ResourceLoader::dispose() {
 // ---- Data files: every resource block of the script, in a fixed order.
 
 bool ResourceLoader::loadDataFiles() {
-    return loadShaders() && createFramebuffers() && loadGraphics() && loadBinaries() && loadObjects() &&
-           loadAnimations();
-}
-
-static std::vector<string> fields(const string& value) {
-    std::vector<string> result;
-    StringTokenizer tokens(value, ",");
-    while (tokens.hasMoreTokens()) result.push_back(StringUtils::trim(tokens.getNext()));
-    return result;
-}
-
-bool ResourceLoader::loadShaders() {
-    cout << "[Loading Shaders]" << endl;
-    ParameterGroup* shaders = systemGroup("shaders");
-    if (!shaders) {
-        cout << "No shaders to load" << endl;
-        return true;
-    }
-    string dir = path("shaders");
-    cout << "Shader path = " << dir << endl;
-    for (int i = 0; i < shaders->size(); ++i) {
-        string alias = shaders->getKey(i);
-        string name = shaders->getValue(i);
-        cout << "Loading shader " << alias << " = " << name << endl;
-        Shader* shader = new Shader();
-        File vertex(dir + name + ".vert", 0);
-        if (!vertex.exists()) {
-            delete shader;
-            return fail("Vertex shader '" + name + ".vert' not found");
-        }
-        if (!shader->setVertexSource(vertex.getAsString())) {
-            string log = shader->getErrorMessage();
-            delete shader;
-            return fail("Error while compiling vertex shader\nShader: " + name + ".vert\n" + log);
-        }
-        File fragment(dir + name + ".frag", 0);
-        if (!fragment.exists()) {
-            delete shader;
-            return fail("Fragement shader '" + name + ".frag' not found");
-        }
-        if (!shader->setFragmentSource(fragment.getAsString())) {
-            string log = shader->getErrorMessage();
-            delete shader;
-            return fail("Error while compiling fragment shader\nShader: " + name + ".frag\n" + log);
-        }
-        if (!shader->link()) {
-            string log = shader->getErrorMessage();
-            delete shader;
-            return fail("Error while linking shader pair\nShader: " + name + "\n" + log);
-        }
-        QLNDemosys::shaderPool->addShader(alias, shader);
-        cout << "Adding shader '" << alias << "' = " << shader->toString() << endl;
-        shader->use();
-        shader->release();
-    }
-    return true;
-}
-
-// A framebuffer size field: the screen's own size by name, or a whole number.
-static bool sizeField(const string& field, const char* word, int screenSize, int& size) {
-    if (field == word) {
-        size = screenSize;
-        return true;
-    }
-    if (!StringUtils::isInt(field)) return false;
-    size = QLNUtils::string2Int(field);
-    return true;
-}
-
-bool ResourceLoader::createFramebuffers() {
-    cout << "[Creating FramebufferObjects]" << endl;
-    ParameterGroup* framebuffers = systemGroup("framebuffers");
-    if (!framebuffers) {
-        cout << "No framebuffers to create" << endl;
-        return true;
-    }
-    ScreenMetrics* screen = QLNDemosys::screenMetrics;
-    for (int i = 0; i < framebuffers->size(); ++i) {
-        string alias = framebuffers->getKey(i);
-        string value = framebuffers->getValue(i);
-        std::vector<string> f = fields(value);
-        if (f.size() < 3 || f.size() > 5)
-            return fail("Wrong number of parameters in framebuffer block\nFramebuffer: " + alias +
-                        "\ndefined as : " + value +
-                        "\nValid syntax: width, height, COLOR_BUFFER [,DEPTH_BUFFER][,STENCIL_BUFFER]");
-        int width = 0, height = 0;
-        if (!sizeField(f[0], "width", screen ? screen->getWidth() : 0, width))
-            return fail("Frambuffer width is not an int\nFBO: " + alias + "\nvalue : " + f[0] +
-                        "\nValid syntax: 'width' or unsinged integer");
-        if (!sizeField(f[1], "height", screen ? screen->getHeight() : 0, height))
-            return fail("Frambuffer height is not an int\nFBO: " + alias + "\nvalue : " + f[1] +
-                        "\nValid syntax: 'height' or unsinged integer");
-        const char* expected[] = {"COLOR_BUFFER", "DEPTH_BUFFER", "STENCIL_BUFFER"};
-        for (size_t k = 2; k < f.size(); ++k) {
-            if (f[k] != expected[k - 2])
-                return fail("Wrong parameter for framebuffer '" + alias + "value: '" + f[k] + "expected : '" +
-                            expected[k - 2] + "'\n");
-        }
-        bool depth = f.size() >= 4;
-        bool stencil = f.size() == 5;
-        FrameBufferObject* fbo = new FrameBufferObject(width, height, depth, stencil);
-        cout << "Created '" << alias << "' with options '" << value << "' : object -> " << fbo->toString() << endl;
-        fbo->bind();
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        fbo->release();
-        glMatrixMode(GL_PROJECTION);
-        glLoadIdentity();
-        glMatrixMode(GL_MODELVIEW);
-        QLNDemosys::fboPool->addFBO(alias, fbo);
-    }
-    return true;
-}
-
-bool ResourceLoader::loadGraphics() {
-    cout << "[Loading Graphics]" << endl;
-    ParameterGroup* graphics = systemGroup("graphics");
-    if (!graphics) {
-        cout << "No image data" << endl;
-        return true;
-    }
-    string dir = path("gfx");
-    for (int i = 0; i < graphics->size(); ++i) {
-        string alias = graphics->getKey(i);
-        std::vector<string> f = fields(graphics->getValue(i));
-        string file = f.empty() ? string() : f[0];
-        unsigned int target = GL_TEXTURE_2D;
-        bool mipmap = false;
-        if (f.size() >= 2) {
-            if (f[1] == "GL_TEXTURE_1D") target = GL_TEXTURE_1D;
-            else if (f[1] == "GL_TEXTURE_2D") target = GL_TEXTURE_2D;
-            else if (f[1] == "GL_TEXTURE_3D") target = GL_TEXTURE_3D;
-            else
-                return fail("TexturePool: '" + alias + "' using wrong texture parameter '" + f[1] +
-                            "\nOptions : GL_TEXTURE_1D/2D/3D");
-        }
-        if (f.size() == 3) {
-            if (f[2] != "GEN_MIPMAP")
-                return fail("TexturePool: '" + alias + "' using wrong mipmap parameter " + f[2] +
-                            "\nOptions : GEN_MIPMAPS");
-            mipmap = true;
-        }
-        if (QLNDemosys::texturePool->isFileInPool(file)) continue;
-        cout << "Load : " << file << endl;
-        Texture* texture = QLNDemosys::loadTexture(dir + file, target, mipmap);
-        if (!texture) return fail("Failed to load texture!\nFile : '" + dir + file + "'");
-        texture->setFilename(file);
-        QLNDemosys::texturePool->addTexture(alias, texture);
-        tick();
-    }
-    return true;
-}
-
-bool ResourceLoader::loadBinaries() {
-    cout << "[Loading Binary Data]" << endl;
-    ParameterGroup* binary = systemGroup("binary");
-    if (!binary) {
-        cout << "No binary data" << endl;
-        return true;
-    }
-    string dir = path("misc");
-    for (int i = 0; i < binary->size(); ++i) {
-        string alias = binary->getKey(i);
-        string file = binary->getValue(i);
-        cout << "Loading binary : '" << file << endl;
-        Binary* blob = QLNDemosys::loadBinary(dir + file);
-        if (!blob) return fail("Failed to binary data!\nFile : '" + file + "'");
-        QLNDemosys::binaryPool->addData(alias, blob);
-    }
-    return true;
-}
-
-bool ResourceLoader::loadObjects() {
-    cout << "[Loading 3D Objects]" << endl;
-    ParameterGroup* objects = systemGroup("objects");
-    if (!objects) {
-        cout << "No objects" << endl;
-        return true;
-    }
-    string dir = path("object");
-    for (int i = 0; i < objects->size(); ++i) {
-        string alias = objects->getKey(i);
-        string file = objects->getValue(i);
-        cout << "Loading : '" << file << "'" << endl;
-        QLNSceneLoader loader(dir + file);
-        QLNScene* scene = loader.loadScene();
-        if (!loader.isValid()) return fail(loader.getErrorMessage());
-        QLNDemosys::objectPool->addObject(alias, scene);
-        tick();
-    }
-    return true;
-}
-
-bool ResourceLoader::loadAnimations() {
-    cout << "[Loading Animation Data]" << endl;
-    ParameterGroup* animation = systemGroup("animation");
-    if (!animation) {
-        cout << "No animation data" << endl;
-        return true;
-    }
-    string dir = path("misc");
-    for (int i = 0; i < animation->size(); ++i) {
-        string alias = animation->getKey(i);
-        string file = animation->getValue(i);
-        AnimationParser parser(dir + file);
-        Animation* result = parser.parse();
-        if (!parser.isValid()) return fail(parser.getErrorMessage());
-        QLNDemosys::animationPool->addAnimation(alias, result);
-        cout << "Loaded '" << file << "' using alias " << alias << endl;
-        tick();
-    }
-    return true;
+    DataFileLoader files;
+    return files.load() || fail(files.getErrorMessage());
 }

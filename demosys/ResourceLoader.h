@@ -35,13 +35,6 @@ private:
     bool fail(const std::string& message);
     static void deleteCollections(DemoScriptParser* from);
     void tick();
-    // The data-file stages, in the order loadDataFiles runs them.
-    bool loadShaders();
-    bool createFramebuffers();
-    bool loadGraphics();
-    bool loadBinaries();
-    bool loadObjects();
-    bool loadAnimations();
     // A group of the system parameters, or null; a path of the "paths" group, or "".
     static ParameterGroup* systemGroup(const std::string& name);
     static std::string path(const std::string& key);

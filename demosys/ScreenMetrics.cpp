@@ -3,6 +3,8 @@
 #include <GL/glew.h>
 #include <cmath>
 
+#include "demosys/GLHelpers.h"
+
 ScreenMetrics::ScreenMetrics()
     : height(0), width(0), viewLeft(0), viewRight(0), viewBottom(0), viewTop(0), fullscreen(true),
       fullscreenOverride(false), frustumHalfWidth(0.0f), frustumHalfHeight(0.0f), nearPlane(1.0f),
@@ -32,7 +34,7 @@ ScreenMetrics* ScreenMetrics::setFullscreenOverride(bool value) {
 void ScreenMetrics::initView() {
     float aspect = (float)width / (float)height;
     // A 90 degree field of view at half the unit distance.
-    frustumHalfHeight = (float)(std::tan(M_PI / 4.0) * 0.5);
+    frustumHalfHeight = (float)(std::tan(GLHelpers::pi / 4.0) * 0.5);
     frustumHalfWidth = aspect * frustumHalfHeight;
     viewLeft = 0;
     viewRight = width - 1;

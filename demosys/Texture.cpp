@@ -3,6 +3,8 @@
 #include <GL/glew.h>
 #include <sstream>
 
+#include "demosys/GLHelpers.h"
+
 Texture::Texture(std::string filename, unsigned int id)
     : id(id),
       filename(filename),
@@ -80,22 +82,6 @@ struct Corner {
     float s, t, x, y;
 };
 
-void pushIdentityMatrices() {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
-}
-
-void popMatrices() {
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
-}
-
 void drawQuad(const Corner (&corners)[4]) {
     glBegin(GL_QUADS);
     for (const Corner& c : corners) {
@@ -111,15 +97,15 @@ const Corner fullScreenFlipped[4] = {{0, 1, -1, -1}, {1, 1, 1, -1}, {1, 0, 1, 1}
 }  // namespace
 
 void Texture::drawQuadFS() {
-    pushIdentityMatrices();
+    GLHelpers::pushIdentityMatrices();
     drawQuad(fullScreen);
-    popMatrices();
+    GLHelpers::popMatrices();
 }
 
 void Texture::drawQuadFS_Flip() {
-    pushIdentityMatrices();
+    GLHelpers::pushIdentityMatrices();
     drawQuad(fullScreenFlipped);
-    popMatrices();
+    GLHelpers::popMatrices();
 }
 
 // Alpha testing is left on afterwards; later effects expect it.
@@ -129,9 +115,9 @@ void Texture::drawQuadBlendFS(unsigned int sourceFactor, unsigned int destinatio
     glEnable(GL_ALPHA_TEST);
     glAlphaFunc(GL_GREATER, 0.0f);
     glDisable(GL_DEPTH_TEST);
-    pushIdentityMatrices();
+    GLHelpers::pushIdentityMatrices();
     drawQuad(fullScreenFlipped);
-    popMatrices();
+    GLHelpers::popMatrices();
     glEnable(GL_DEPTH_TEST);
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_BLEND);

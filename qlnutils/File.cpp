@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <filesystem>
 #include <iterator>
 
@@ -38,6 +39,17 @@ void File::open() {
             data.clear();  // an unreadable file reads as empty
         }
         size = static_cast<unsigned int>(data.size());
+    }
+}
+
+bool File::readWholeFile(const std::string& name, std::string& text) {
+    try {
+        File file(name, READ);
+        if (!file.exists()) return false;
+        text = file.getAsString();
+        return true;
+    } catch (const std::exception&) {
+        return false;
     }
 }
 

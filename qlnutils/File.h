@@ -19,6 +19,9 @@ public:
     File& operator=(const File&) = delete;
 
     bool exists() const;
+    // The whole file as text; false, leaving text alone, when it is missing or not a
+    // readable file (a directory, say).
+    static bool readWholeFile(const std::string& name, std::string& text);
     std::string getFilename() const;
     unsigned int getFileSize() const;
     std::string getAsString() const;

@@ -31,3 +31,8 @@ bool StringUtils::isFloat(std::string text) {
     std::string fraction = parts.getNext();
     return isInt(whole) && isInt(fraction);
 }
+
+std::string StringUtils::zeroPad(std::string text, unsigned int length) {
+    if (text.size() < length) text.insert(0, length - text.size(), '0');
+    return text;
+}

@@ -12,4 +12,6 @@ public:
     static bool isInt(std::string text);
     // Two integer parts around '.', the fraction is required: "5" and "5." are not floats.
     static bool isFloat(std::string text);
+    // Prefixes "0" until the text is length characters long; never cuts a longer text.
+    static std::string zeroPad(std::string text, unsigned int length);
 };
