@@ -26,12 +26,14 @@ protected:
         bundledDemo();
         gl::reset();
     }
-    // A PNG written to a temp folder, loaded as the engine loads textures, owned by the pool.
+    // A PNG written to a temp folder, loaded as the engine loads textures, held by the pool.
     Texture* texture(const std::string& alias, int w, int h, const std::vector<uint8_t>& rgba) {
         std::string path = dir.file(alias + ".png");
         EXPECT_TRUE(gl::writePNG(path, w, h, rgba));
         Texture* loaded = QLNDemosys::loadTexture(path, GL_TEXTURE_2D, false);
+        Texture* replaced = QLNDemosys::texturePool->getTexture(alias);
         QLNDemosys::texturePool->addTexture(alias, loaded);
+        delete replaced;  // an overwritten entry stays its owner's
         return loaded;
     }
     // Left half red, right half blue.
