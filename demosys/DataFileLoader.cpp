@@ -19,6 +19,7 @@
 #include "demosys/Parameters.h"
 #include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
+#include "demosys/ResourceEntries.h"
 #include "demosys/QLNScene.h"
 #include "demosys/QLNSceneLoader.h"
 #include "demosys/ScreenMetrics.h"
@@ -51,24 +52,6 @@ ParameterGroup* systemGroup(const string& name) {
 
 void tick() {
     if (QLNDemosys::pBar) QLNDemosys::pBar->tick();
-}
-
-std::vector<string> fields(const string& value) {
-    std::vector<string> result;
-    StringTokenizer tokens(value, ",");
-    while (tokens.hasMoreTokens()) result.push_back(StringUtils::trim(tokens.getNext()));
-    return result;
-}
-
-// A framebuffer size field: the screen's own size by name, or a whole number.
-bool sizeField(const string& field, const char* word, int screenSize, int& size) {
-    if (field == word) {
-        size = screenSize;
-        return true;
-    }
-    if (!StringUtils::isInt(field)) return false;
-    size = QLNUtils::string2Int(field);
-    return true;
 }
 
 // Compiles and links name.vert and name.frag; "" on success, else what went wrong.
@@ -125,26 +108,12 @@ bool DataFileLoader::loadShader(const string& dir, const string& alias, const st
 
 bool DataFileLoader::createFramebuffer(const string&, const string& alias, const string& value) {
     ScreenMetrics* screen = QLNDemosys::screenMetrics;
-    std::vector<string> f = fields(value);
-    if (f.size() < 3 || f.size() > 5)
-        return fail("Wrong number of parameters in framebuffer block\nFramebuffer: " + alias + "\ndefined as : " +
-                    value + "\nValid syntax: width, height, COLOR_BUFFER [,DEPTH_BUFFER][,STENCIL_BUFFER]");
-    int width = 0, height = 0;
-    if (!sizeField(f[0], "width", screen ? screen->getWidth() : 0, width))
-        return fail("Frambuffer width is not an int\nFBO: " + alias + "\nvalue : " + f[0] +
-                    "\nValid syntax: 'width' or unsinged integer");
-    if (!sizeField(f[1], "height", screen ? screen->getHeight() : 0, height))
-        return fail("Frambuffer height is not an int\nFBO: " + alias + "\nvalue : " + f[1] +
-                    "\nValid syntax: 'height' or unsinged integer");
-    const char* expected[] = {"COLOR_BUFFER", "DEPTH_BUFFER", "STENCIL_BUFFER"};
-    for (size_t k = 2; k < f.size(); ++k) {
-        if (f[k] != expected[k - 2])
-            return fail("Wrong parameter for framebuffer '" + alias + "value: '" + f[k] + "expected : '" +
-                        expected[k - 2] + "'\n");
-    }
-    bool depth = f.size() >= 4;
-    bool stencil = f.size() == 5;
-    FrameBufferObject* fbo = new FrameBufferObject(width, height, depth, stencil);
+    ResourceEntries::FramebufferOptions options;
+    string error;
+    if (!ResourceEntries::framebuffer(alias, value, screen ? screen->getWidth() : 0, screen ? screen->getHeight() : 0,
+                                      options, error))
+        return fail(error);
+    FrameBufferObject* fbo = new FrameBufferObject(options.width, options.height, options.depth, options.stencil);
     cout << "Created '" << alias << "' with options '" << value << "' : object -> " << fbo->toString() << endl;
     fbo->bind();
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -157,26 +126,13 @@ bool DataFileLoader::createFramebuffer(const string&, const string& alias, const
 }
 
 bool DataFileLoader::loadImage(const string& dir, const string& alias, const string& value) {
-    std::vector<string> f = fields(value);
-    string file = f.empty() ? string() : f[0];
-    unsigned int target = GL_TEXTURE_2D;
-    bool mipmap = false;
-    if (f.size() >= 2) {
-        if (f[1] == "GL_TEXTURE_1D") target = GL_TEXTURE_1D;
-        else if (f[1] == "GL_TEXTURE_2D") target = GL_TEXTURE_2D;
-        else if (f[1] == "GL_TEXTURE_3D") target = GL_TEXTURE_3D;
-        else
-            return fail("TexturePool: '" + alias + "' using wrong texture parameter '" + f[1] +
-                        "\nOptions : GL_TEXTURE_1D/2D/3D");
-    }
-    if (f.size() == 3) {
-        if (f[2] != "GEN_MIPMAP")
-            return fail("TexturePool: '" + alias + "' using wrong mipmap parameter " + f[2] + "\nOptions : GEN_MIPMAPS");
-        mipmap = true;
-    }
+    ResourceEntries::TextureOptions options;
+    string error;
+    if (!ResourceEntries::texture(alias, value, options, error)) return fail(error);
+    const string& file = options.file;
     if (QLNDemosys::texturePool->isFileInPool(file)) return true;
     cout << "Load : " << file << endl;
-    Texture* texture = QLNDemosys::loadTexture(dir + file, target, mipmap);
+    Texture* texture = QLNDemosys::loadTexture(dir + file, options.target, options.mipmap);
     if (!texture) return fail("Failed to load texture!\nFile : '" + dir + file + "'");
     texture->setFilename(file);
     QLNDemosys::texturePool->addTexture(alias, texture);

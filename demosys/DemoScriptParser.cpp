@@ -1,6 +1,7 @@
 #include "demosys/DemoScriptParser.h"
 
 #include <exception>
+#include <algorithm>
 #include <iostream>
 #include <vector>
 
@@ -62,6 +63,7 @@ DemoScriptParser::DemoScriptParser(std::string fileName)
         return;
     }
     scriptText = stripComments(text);
+    lines = ScriptLines(text);
 }
 
 DemoScriptParser::~DemoScriptParser() {
@@ -76,6 +78,32 @@ void DemoScriptParser::parseDefaults(bool value) { doParseDefaults = value; }
 bool DemoScriptParser::isValid() { return valid; }
 
 std::string DemoScriptParser::getErrorMessage() { return errorMessage; }
+
+int DemoScriptParser::getErrorLine() { return valid ? 0 : lines.line(errorBegin); }
+
+std::size_t DemoScriptParser::getErrorBegin() { return lines.fileOffset(errorBegin); }
+
+std::size_t DemoScriptParser::getErrorEnd() {
+    return errorEnd > errorBegin ? lines.fileOffset(errorEnd - 1) + 1 : getErrorBegin();
+}
+
+int DemoScriptParser::getLine(const std::string& block, const std::string& key) {
+    auto found = lineIndex.find(key.empty() ? block : block + '\n' + key);
+    return found == lineIndex.end() ? 0 : found->second;
+}
+
+void DemoScriptParser::mark(std::size_t begin, std::size_t end) {
+    markBegin = begin;
+    markEnd = end;
+}
+
+void DemoScriptParser::markStatement(const std::string& key) {
+    auto found = statementAt.find(key);
+    if (found == statementAt.end())
+        mark(blockBegin, blockEnd);
+    else
+        mark(found->second.first, found->second.second);
+}
 
 ScriptDefaults* DemoScriptParser::getScriptDefaults() { return scriptDefaults; }
 
@@ -126,6 +154,8 @@ DataEventPool* DemoScriptParser::eventTemplates() {
 }
 
 void DemoScriptParser::fail(const std::string& message) {
+    errorBegin = markBegin;
+    errorEnd = markEnd;
     valid = false;
     errorMessage = message;
     delete currentGroup;
@@ -148,23 +178,38 @@ bool DemoScriptParser::parse() {
     std::string head = tokens.getNext();
     head += tokens.getNext();
     head += tokens.getNext();
+    // Tokens are found again in the text, in order, to know where each one is.
+    std::size_t cursor = scriptText.find('}');
+    cursor = cursor == std::string::npos ? 0 : cursor + 1;
+    mark(0, cursor);
     if (!checkHeader(head)) {
         fail("Error while parsing demoscript!\nInvalid Script Header\nHeader : '" + head + "'\n");
         return false;
     }
 
     while (tokens.hasMoreTokens()) {
-        std::string name = StringUtils::trim(stripComments(tokens.getNext()));
+        std::string rawName = tokens.getNext();
+        std::string name = StringUtils::trim(stripComments(rawName));
+        blockBegin = std::min(scriptText.find(StringUtils::trim(rawName), cursor), scriptText.size());
+        cursor = blockBegin + StringUtils::trim(rawName).size();
+        mark(blockBegin, cursor);
+        lineIndex[isEffectDefinition(name) ? getEffectName(name) : name] = lines.line(blockBegin);
         if (StringUtils::trim(tokens.getNext()) != "{") {
             fail(mismatchingBrackets(name));
             return false;
         }
-        std::string body = stripComments(tokens.getNext());
+        std::string rawBody = tokens.getNext();
+        std::string body = stripComments(rawBody);
+        bodyBegin = std::min(scriptText.find(rawBody, cursor), scriptText.size());
+        cursor = bodyBegin + rawBody.size();
+        blockEnd = cursor;
         if (body == "}") continue;  // an empty block makes no group at all
         if (StringUtils::trim(tokens.getNext()) != "}") {
             fail(mismatchingBrackets(name));
             return false;
         }
+        blockEnd = ++cursor;
+        mark(blockBegin, blockEnd);
         if (!parseBlock(name, body)) return false;
     }
     return valid;
@@ -172,6 +217,7 @@ bool DemoScriptParser::parse() {
 
 bool DemoScriptParser::parseBlock(const std::string& name, const std::string& body) {
     if (name == "timeline") {
+        timelineBegin = bodyBegin;
         timelineText = body;
         return true;
     }
@@ -215,8 +261,14 @@ bool DemoScriptParser::selectCurrentGroup(const std::string& name) {
 
 bool DemoScriptParser::readStatements(const std::string& name, const std::string& body) {
     StringTokenizer statements(body, ";");
+    statementAt.clear();
+    std::size_t cursor = bodyBegin;
     while (statements.hasMoreTokens()) {
-        StringTokenizer pieces(StringUtils::trim(statements.getNext()), "=");
+        std::string statement = StringUtils::trim(statements.getNext());
+        std::size_t at = std::min(scriptText.find(statement, cursor), scriptText.size());
+        cursor = at + statement.size();
+        mark(at, cursor);
+        StringTokenizer pieces(statement, "=");
         std::string key = StringUtils::trim(pieces.getNext());
         std::string value = StringUtils::trim(pieces.getNext());
         std::string start = "Error while parsing demoscript!\nBlock : '" + name + "'\nError: Parameter '" + key;
@@ -235,6 +287,8 @@ bool DemoScriptParser::readStatements(const std::string& name, const std::string
             return false;
         }
         currentGroup->addParameter(key, value);
+        statementAt[key] = std::make_pair(at, cursor);
+        lineIndex[(isEffectDefinition(name) ? getEffectName(name) : name) + '\n' + key] = lines.line(at);
     }
     return true;
 }
@@ -243,6 +297,7 @@ bool DemoScriptParser::storeEffectBlock(const std::string& name) {
     std::string instance = getEffectName(name);
     std::string className = getEffectClass(name);
     std::string start = "Error while parsing demoscript!\nBlock : '" + instance + "' (Effect Definition)\n";
+    mark(blockBegin, blockEnd);
 
     DataEffectPool* templates = templatePool();
     if (templates == nullptr || !templates->exist(className)) {
@@ -271,6 +326,7 @@ bool DemoScriptParser::validateEntry(const std::string& instance, const std::str
                                      const std::string& key, const std::string& value) {
     std::string message = "Error while parsing demoscript!\nBlock : '" + instance + "' (Effect Definition)\n" +
                           "Parameter :  '" + key + "'\n";
+    markStatement(key);
     EffectDefinition* definition = scriptDefaults->getEffectDefinition(className);
     if (definition == nullptr || !definition->hasParameter(key)) {
         fail(message + "Error :  Not defined as a valid parameter for " + className + "\n");
@@ -338,8 +394,7 @@ bool DemoScriptParser::loadDefinitions() {
         EffectDefinitionParser parser(path + name + ".def");
         EffectDefinition* definition = parser.parse();
         if (definition == nullptr) {
-            valid = false;
-            errorMessage = parser.getErrorMessage();
+            fail(parser.getErrorMessage());
             return false;
         }
         EffectDefinition* previous = scriptDefaults->exists(name) ? scriptDefaults->getEffectDefinition(name) : nullptr;

@@ -3,8 +3,13 @@
 // each block with the defaults of its .def definition and validates effect blocks.
 // The results are the collections "system_parameters" and "effect_parameters" and,
 // through parseTimeline, the timeline built from the script's timeline block.
+#include <cstddef>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "demosys/ScriptLines.h"
 
 class Parameters;
 class ParameterGroup;
@@ -41,6 +46,16 @@ public:
 
     bool isValid();
     std::string getErrorMessage();
+    // Where the error lies: the file line of the failing block, statement or declaration
+    // (0 while there is none) and its byte range in the file.
+    int getErrorLine();
+    std::size_t getErrorBegin();
+    std::size_t getErrorEnd();
+    // The file line of a block (an effect block by its instance name) or of one of its
+    // statements; 0 when there is none. Blocks read before an error only.
+    int getLine(const std::string& block, const std::string& key = "");
+    // Each timeline declaration read so far, trimmed, with its file line.
+    const std::vector<std::pair<int, std::string>>& getDeclarations() const { return declarationLines; }
 
     bool isEffectDefinition(std::string blockName);
     std::string getEffectName(std::string blockName);
@@ -56,6 +71,9 @@ private:
     static DataEventPool* eventTemplates();
 
     void fail(const std::string& message);
+    // The part of the stripped text being read: an error is placed there.
+    void mark(std::size_t begin, std::size_t end);
+    void markStatement(const std::string& key);
     bool parseBlock(const std::string& name, const std::string& body);
     bool selectCurrentGroup(const std::string& name);
     bool readStatements(const std::string& name, const std::string& body);
@@ -84,4 +102,12 @@ private:
     bool valid;
     bool doParseDefaults;
     bool debug;
+
+    ScriptLines lines;
+    std::size_t markBegin = 0, markEnd = 0;
+    std::size_t errorBegin = 0, errorEnd = 0;
+    std::size_t blockBegin = 0, blockEnd = 0, bodyBegin = 0, timelineBegin = 0;
+    std::map<std::string, std::pair<std::size_t, std::size_t>> statementAt;
+    std::map<std::string, int> lineIndex;
+    std::vector<std::pair<int, std::string>> declarationLines;
 };

@@ -1,4 +1,5 @@
 // The timeline language: the raw timeline block becomes events and checkpoints.
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -22,8 +23,16 @@ Timeline* DemoScriptParser::parseTimeline() {
     Timeline* timeline = new Timeline();
     DataEventPool* templates = eventTemplates();
     StringTokenizer declarations(timelineText, ";");
+    declarationLines.clear();
+    std::size_t cursor = timelineBegin;
     while (declarations.hasMoreTokens()) {
-        if (!readDeclaration(timeline, templates, declarations.getNext())) break;
+        std::string text = declarations.getNext();
+        std::string trimmed = StringUtils::trim(text);
+        std::size_t at = std::min(scriptText.find(trimmed, cursor), scriptText.size());
+        cursor = at + trimmed.size();
+        mark(at, cursor);
+        declarationLines.emplace_back(lines.line(at), trimmed);
+        if (!readDeclaration(timeline, templates, text)) break;
     }
     return timeline;
 }

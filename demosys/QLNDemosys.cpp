@@ -177,6 +177,11 @@ static void uploadTexture2D(Image& image, bool mipmap) {
 Texture* QLNDemosys::loadTexture(std::string filename, unsigned int target, bool mipmap) {
     Image image(filename);
     if (!image.exists()) return nullptr;
+    // Such a picture draws as a white square; say so where the log is not disturbed.
+    std::string format = image.unsupportedFormat();
+    if (!format.empty())
+        std::cerr << "Warning: '" << filename << "' is a " << format
+                  << " PNG; only 8-bit RGB and RGBA pictures load as textures" << std::endl;
     GLuint id = 0;
     glGenTextures(1, &id);
     if (target == GL_TEXTURE_1D || target == GL_TEXTURE_2D) {

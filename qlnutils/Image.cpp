@@ -28,6 +28,8 @@ void readFromMemory(png_structp png, png_bytep out, png_size_t length) {
 }
 
 struct Decoded {
+    int bitDepth = 0;
+    int colourType = -1;
     int width = 0;
     int height = 0;
     int bpp = 0;
@@ -37,8 +39,17 @@ struct Decoded {
 
 // Everything between setjmp and a possible longjmp is plain C data: no destructor may
 // be skipped, and the buffers that an error has to free are volatile.
+// libpng's own message does not say which file is broken; this one does, on standard
+// error as before, so that the log on standard output stays as it is.
+void reportError(png_structp png, png_const_charp message) {
+    const char* name = static_cast<const char*>(png_get_error_ptr(png));
+    std::fprintf(stderr, "libpng error: %s in '%s'\n", message, name != nullptr ? name : "");
+    png_longjmp(png, 1);
+}
+
 bool decodePNG(FILE* file, MemoryReader* memory, const char* name, Decoded* out) {
-    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_structp png =
+        png_create_read_struct(PNG_LIBPNG_VER_STRING, const_cast<char*>(name), reportError, nullptr);
     if (!png) {
         std::printf("LibPNG: Failed to create read structure for %s\n", name);
         return false;
@@ -76,6 +87,8 @@ bool decodePNG(FILE* file, MemoryReader* memory, const char* name, Decoded* out)
     png_uint_32 width = 0, height = 0;
     int bitDepth = 0, colourType = 0, interlace = 0;
     png_get_IHDR(png, info, &width, &height, &bitDepth, &colourType, &interlace, nullptr, nullptr);
+    out->bitDepth = bitDepth;
+    out->colourType = colourType;
     out->width = static_cast<int>(width);
     out->height = static_cast<int>(height);
     // The depth the header states, before expansion.
@@ -133,7 +146,9 @@ Image::Image(std::string path)
       data(nullptr),
       floatData(nullptr),
       filename(path),
-      dataSize(0) {
+      dataSize(0),
+      bitDepth(0),
+      colourType(-1) {
     existsFlag = Load(path, 1);
 }
 
@@ -146,7 +161,9 @@ Image::Image(const unsigned char* bytes, size_t size)
       fileSize(static_cast<int>(std::min<size_t>(size, 0x7fffffff))),
       data(nullptr),
       floatData(nullptr),
-      dataSize(0) {
+      dataSize(0),
+      bitDepth(0),
+      colourType(-1) {
     LoadPNG(bytes, size);
 }
 
@@ -188,6 +205,8 @@ bool Image::LoadPNG(FILE* file, int) {
     takeHeader(decoded, width, height, bpp, pixelSize);
     data = decoded.data;
     dataSize = decoded.dataSize;
+    bitDepth = decoded.bitDepth;
+    colourType = decoded.colourType;
     return ok;
 }
 
@@ -199,6 +218,8 @@ bool Image::LoadPNG(const unsigned char* bytes, size_t size) {
     takeHeader(decoded, width, height, bpp, pixelSize);
     data = decoded.data;
     dataSize = decoded.dataSize;
+    bitDepth = decoded.bitDepth;
+    colourType = decoded.colourType;
     return ok;
 }
 
@@ -210,4 +231,17 @@ float* Image::getFloatData() {
         for (size_t i = 0; i < count; ++i) floatData[i] = data[i] * 0.00390625f;
     }
     return floatData;
+}
+
+std::string Image::unsupportedFormat() const {
+    if (colourType < 0) return "";  // nothing decoded: there is no format to speak of
+    std::string depth = bitDepth == 8 ? "" : std::to_string(bitDepth) + "-bit ";
+    switch (colourType) {
+        case PNG_COLOR_TYPE_PALETTE: return "palette";
+        case PNG_COLOR_TYPE_GRAY: return depth.empty() ? "grey" : depth + "grey";
+        case PNG_COLOR_TYPE_GRAY_ALPHA: return depth.empty() ? "grey+alpha" : depth + "grey+alpha";
+        case PNG_COLOR_TYPE_RGB: return depth.empty() ? "" : depth + "RGB";
+        case PNG_COLOR_TYPE_RGB_ALPHA: return depth.empty() ? "" : depth + "RGBA";
+        default: return "unknown";
+    }
 }

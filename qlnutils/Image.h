@@ -30,6 +30,9 @@ public:
     size_t getDataSize() const { return dataSize; }
     // Each byte divided by 256, width * height * pixelSize values; null without data.
     float* getFloatData();
+    // Empty for the 8-bit RGB and RGBA pictures the texture loader reads; otherwise the
+    // format it draws wrongly, such as "palette" or "16-bit RGB".
+    std::string unsupportedFormat() const;
 
 private:
     bool LoadPNG(FILE* file, int flags);
@@ -46,4 +49,6 @@ private:
     float* floatData;
     std::string filename;
     size_t dataSize;
+    int bitDepth;
+    int colourType;
 };

@@ -10,6 +10,7 @@ packages=(
   xvfb xauth                       # headless X server for the GL tests and the demo
   libsdl1.2-dev libglew-dev libglu1-mesa-dev libgl1-mesa-dri
   libpng-dev
+  glslang-dev                      # offline shader compiling in democheck
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
   python3

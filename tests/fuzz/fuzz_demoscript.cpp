@@ -98,8 +98,8 @@ void createEffectObjects(Parameters* effects, DataEffectPool* instances) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static bool ready = (setUp(), true);
     (void)ready;
-    const std::string input =
-        fuzzFile("demoscript.txt", withDefinitionDir(std::string(reinterpret_cast<const char*>(data), size)));
+    const std::string text = withDefinitionDir(std::string(reinterpret_cast<const char*>(data), size));
+    const std::string input = fuzzFile("demoscript.txt", text);
 
     DataEffectPool* instances = new DataEffectPool();
     QLNDemosys::data->addData("effectPool", instances);
@@ -128,6 +128,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } else if (parser->getErrorMessage() == "Unknown error") {
         std::abort();  // every failure leaves its own message
     }
+    // Wherever reading stopped, the error is placed inside the file.
+    if (!parser->isValid() && (parser->getErrorLine() < 1 || parser->getErrorBegin() > parser->getErrorEnd() ||
+                               parser->getErrorEnd() > text.size()))
+        std::abort();
     delete parser;
     delete system;
     delete effects;
