@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
 # Frame rates of the bundled demo, measured with the capture program's driven clock:
-#  - per scene: drawing alone (--discard), at 640x480 under Xvfb;
+#  - per scene: drawing alone (--discard) at 160x120 and at 640x480 under Xvfb: a scene
+#    as fast at both sizes is bound by its geometry, one much faster when small by pixels;
 #  - one scene written as raw video and as PNG files, at 640x480 and 1280x720,
 #    next to the same frames drawn without writing;
-#  - time from launch to the first frame of the demo program.
-# Usage: bash bench/demo_fps.sh [build dir]   (run from anywhere; prints a table)
+#  - time from launch to the first frame of the demo program;
+#  - with "chunks": the wall time of each chunk of an 8-way split at 640x480, and of the
+#    split run two at a time against one whole capture (several minutes).
+# Usage: bash bench/demo_fps.sh [build dir] [chunks]   (run from anywhere; prints tables)
 set -euo pipefail
 src=$(cd "$(dirname "$0")/.." && pwd)
 bin=${1:-$src/build}
@@ -22,16 +25,17 @@ capture() {  # capture LOG ARGS...: runs one capture under a private X server
   env -u DISPLAY "$bin/democapture" "$@" --no-audio > /dev/null 2> "$log"
 }
 
-echo "== Drawing alone, per scene (640x480, 60 fps demo time)"
-printf '%-28s %10s\n' "scene" "frames/s"
+echo "== Drawing alone, per scene (frames/s, 60 fps demo time)"
+printf '%-28s %10s %10s\n' "scene" "160x120" "640x480"
 scenes=("intro 00:00:000 00:07:680" "build-up 00:07:680 00:15:360" "tunnel 00:15:360 00:23:040"
         "landscape+scroller 00:23:040 00:30:720" "cube-wall 00:30:720 00:38:400" "cube+flip 00:38:400 00:46:080"
         "greetings 00:46:080 00:53:760" "tunnel-2 00:53:760 01:01:440" "landscape-2 01:01:440 01:09:120"
         "outro 01:09:120 01:16:320")
 for scene in "${scenes[@]}"; do
   set -- $scene
-  capture "$tmp/scene.log" --discard --from "$2" --to "$3"
-  printf '%-28s %10s\n' "$1" "$(rate "$tmp/scene.log")"
+  capture "$tmp/small.log" --discard --size 160x120 --from "$2" --to "$3"
+  capture "$tmp/scene.log" --discard --size 640x480 --from "$2" --to "$3"
+  printf '%-28s %10s %10s\n' "$1" "$(rate "$tmp/small.log")" "$(rate "$tmp/scene.log")"
 done
 
 echo
@@ -68,3 +72,18 @@ for i in 1 2 3; do
   kill -KILL "$(cat "$tmp/demo.pid")" 2>/dev/null || true
   wait "$runner" 2>/dev/null || true
 done
+
+[ "${2:-}" = chunks ] || exit 0
+seconds() { local t0; t0=$(date +%s%N); "$@"; echo "$(( ($(date +%s%N) - t0) / 1000000 ))" | sed 's/...$/.&/'; }
+echo
+echo "== An 8-way split of the bundled demo (640x480, 60 fps, PNG), load $(cut -d' ' -f1-3 /proc/loadavg)"
+for i in 0 7; do
+  echo "chunk $i/8: $(seconds capture "$tmp/c.log" --size 640x480 --chunk $i/8 --out "$tmp/chunk$i") s"
+done
+rm -rf "$tmp"/chunk*
+split() { seq 0 7 | xargs -P2 -I{} env -u DISPLAY "$bin/democapture" --size 640x480 --chunk {}/8 --out "$tmp/split" \
+            > /dev/null 2>&1; }
+echo "8 chunks, 2 at a time: $(seconds split) s"
+rm -rf "$tmp/split"
+echo "one whole capture: $(seconds capture "$tmp/w.log" --size 640x480 --out "$tmp/whole") s"
+echo "load after: $(cut -d' ' -f1-3 /proc/loadavg)"

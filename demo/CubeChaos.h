@@ -3,6 +3,7 @@
 // and tumble; each cube shows one cell of the picture on all six faces. The framebuffer
 // is cleared after use, so its source effect paints it afresh every frame.
 #include <string>
+#include <vector>
 
 #include "demosys/Effect.h"
 
@@ -26,8 +27,15 @@ public:
     void setRotationSpeed(float degreesPerMs);
     CubeChaos* setIntensity(float value);
 
+    static const int kCornersPerCube = 24;
+
 private:
-    void drawCube(float u, float v, float du, float dv, float halfSize);
+    struct Vertex {
+        float s, t, nx, ny, nz, x, y, z;  // the GL_T2F_N3F_V3F layout
+    };
+    void drawWall(unsigned int time);
+    static Vertex* addCube(Vertex* out, const float* matrix, float u, float v, float du, float dv, float halfSize);
+    void drawCorners();
 
     float rotation;
     float rotationSpeed;
@@ -37,4 +45,5 @@ private:
     int countB;  // rows
     float intensity;
     FrameBufferObject* buffer;  // not owned
+    std::vector<Vertex> corners;  // this frame's cubes in eye space
 };

@@ -118,7 +118,9 @@ void RasterFXEffect::draw(unsigned int time) {
     drawPicture(frameTime);
 
     glBindTexture(GL_TEXTURE_2D, feedbackTexture);
-    glCopyTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 0, 0, kFeedbackSize, kFeedbackSize, 0);
+    // The copy is read in this frame only; with nothing rasterised (frame capture before
+    // its range) there is nothing to copy, and the next drawn frame copies afresh.
+    if (!pixelsDiscarded()) glCopyTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 0, 0, kFeedbackSize, kFeedbackSize, 0);
     glClear(GL_COLOR_BUFFER_BIT);
     glViewport(0, 0, screenWidth, screenHeight);
     glLoadIdentity();

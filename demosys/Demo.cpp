@@ -53,6 +53,12 @@ void Demo::setWindowTitle(string title) { windowTitle = title; }
 
 void Demo::setFrameObserver(std::function<void()> observer) { frameObserver = std::move(observer); }
 
+void Demo::setEventObserver(std::function<void(const SDL_Event&)> observer) { eventObserver = std::move(observer); }
+
+void Demo::setFrameStartHook(std::function<void()> hook) { frameStartHook = std::move(hook); }
+
+void Demo::setFrameFilter(std::function<bool()> filter) { frameFilter = std::move(filter); }
+
 bool Demo::stage(bool result) {
     message = loader->getErrorMessage();
     error = !result;
@@ -118,6 +124,7 @@ void Demo::run() {
         QLNDemosys::soundUpdate();
         if (QLNDemosys::getMillisecondsElapsed() > QLNDemosys::stopTime.getTicks()) QLNDemosys::setQuit(true);
         frameMarker = -1;
+        const bool shown = !frameFilter || frameFilter();
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         QLNDemosys::screenMetrics->setView();
@@ -125,6 +132,7 @@ void Demo::run() {
         glLoadIdentity();
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         keyEvents();
+        if (frameStartHook) frameStartHook();
         QLNDemosys::timeline->watch();
         if (QLNDemosys::cameraActive) {
             Camera& camera = QLNDemosys::camera;
@@ -137,9 +145,9 @@ void Demo::run() {
             camera.setGLMatrixes();
         }
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
-        glFinish();
+        if (shown) glFinish();
         if (frameObserver) frameObserver();
-        SDL_GL_SwapBuffers();
+        if (shown) SDL_GL_SwapBuffers();
         ++QLNDemosys::frames;
     }
     cout << "Duration : " << QLNTime(QLNDemosys::getMillisecondsElapsed()).toString() << endl;
@@ -154,6 +162,7 @@ void Demo::keyEvents() {
             cout << "Screen resize (" << event.resize.w << "," << event.resize.h << ")" << endl;
             QLNDemosys::screenMetrics->resize(event.resize.w, event.resize.h);
         }
+        if (eventObserver) eventObserver(event);
     }
 }
 

@@ -23,6 +23,15 @@ public:
     // Called once per frame after the frame is drawn and before the buffers swap, while the
     // finished picture is still in the back buffer (frame capture reads it there).
     void setFrameObserver(std::function<void()> observer);
+    // Tools that steer the demo: every polled window event is passed on after the driver's
+    // own handling, and the frame-start hook runs after the events, before the timeline fires.
+    void setEventObserver(std::function<void(const SDL_Event&)> observer);
+    void setFrameStartHook(std::function<void()> hook);
+    std::string getScriptPath() const { return scriptPath + scriptName; }
+    // Asked at the start of every frame, before anything is drawn, whether the frame is
+    // shown. A frame that is not still runs its events and effects (their state moves on)
+    // but is neither finished nor swapped: frame capture skips to a range this way.
+    void setFrameFilter(std::function<bool()> filter);
 
     bool load(ScreenMetrics* screenMetrics);
     void init();
@@ -47,6 +56,9 @@ private:
     // Free-camera steering. No key sets these: the camera branch of the loop stays inert.
     bool pitchUp, pitchDown, headingLeft, headingRight, moveBack, moveForward;
     std::function<void()> frameObserver;
+    std::function<void(const SDL_Event&)> eventObserver;
+    std::function<void()> frameStartHook;
+    std::function<bool()> frameFilter;
 
     void clearCameraFlags();
     // Runs one loader stage, keeping its message; false once the demo has failed.

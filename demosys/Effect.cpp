@@ -1,5 +1,7 @@
 #include "demosys/Effect.h"
 
+#include <GL/glew.h>
+
 #include <iostream>
 
 Effect::Effect() : parameters(nullptr), startTime(0), modifyTime(0), lastCalled(0), renderTarget(nullptr) {}
@@ -39,3 +41,5 @@ float Effect::getFrameTime(unsigned int now) {
 unsigned int Effect::getModifyTicks(unsigned int now) { return now - modifyTime; }
 
 float Effect::getModifyTime(unsigned int now) { return static_cast<float>(now - modifyTime); }
+
+bool Effect::pixelsDiscarded() { return GLEW_VERSION_3_0 && glIsEnabled(GL_RASTERIZER_DISCARD); }

@@ -37,6 +37,11 @@ public:
     unsigned int getModifyTicks(unsigned int now);
     float getModifyTime(unsigned int now);
 
+    // True while nothing drawn reaches a pixel (frame capture runs the frames before its
+    // range so): an effect may then skip geometry that only makes pixels, as long as its
+    // fields and the OpenGL state it leaves behind come out as after a real draw.
+    static bool pixelsDiscarded();
+
 protected:
     ParameterGroup* parameters;  // not owned
     unsigned int startTime;

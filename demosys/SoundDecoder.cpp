@@ -105,6 +105,8 @@ bool SoundDecoder::decodeModule(const std::string& file, std::vector<int16_t>& f
         std::ostringstream log;  // the library's chatter stays out of the demo's log
         openmpt::module module(in, log);
         module.set_repeat_count(0);
+        // The default dither adds random noise: two decodes of one file would differ.
+        module.ctl_set_integer("dither", 0);
         const size_t limit = maxFrames(outputRate);
         std::vector<int16_t> buffer(chunkFrames * 2);
         size_t total = 0;

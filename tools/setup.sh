@@ -13,6 +13,8 @@ packages=(
   glslang-dev                      # offline shader compiling in democheck
   libsndfile1-dev libopenmpt-dev   # music decoding
   sox                              # test audio
+  xdotool                          # real key presses for the workbench test
+  ffmpeg parallel                  # the capture recipes of the README, run by the tests
   python3
   gcovr                            # line coverage (tools/coverage.sh)
 )

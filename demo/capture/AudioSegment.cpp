@@ -3,9 +3,22 @@
 #include <sndfile.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <map>
 #include <vector>
 
 #include "demosys/Sound.h"
+
+static SNDFILE* openForWriting(const std::string& path, int rate, std::string& error) {
+    SF_INFO info = {};
+    info.samplerate = rate;
+    info.channels = 2;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    if (!file) error = "cannot write " + path + ": " + sf_strerror(nullptr);
+    return file;
+}
 
 int64_t AudioSegment::sampleAt(int64_t frame, int rate, int fps) {
     return (frame * rate * 2 + fps) / (2 * static_cast<int64_t>(fps));
@@ -16,15 +29,8 @@ bool AudioSegment::write(const Sound& sound, const std::string& path, int64_t fi
     const int rate = sound.getRate();
     const int64_t begin = sampleAt(firstFrame, rate, fps);
     const int64_t end = sampleAt(endFrame, rate, fps);
-    SF_INFO info = {};
-    info.samplerate = rate;
-    info.channels = 2;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
-    if (!file) {
-        error = "cannot write " + path + ": " + sf_strerror(nullptr);
-        return false;
-    }
+    SNDFILE* file = openForWriting(path, rate, error);
+    if (!file) return false;
     const int64_t available = static_cast<int64_t>(sound.getFrameCount());
     const int16_t* samples = sound.getSamples();
     std::vector<int16_t> silence;
@@ -45,5 +51,55 @@ bool AudioSegment::write(const Sound& sound, const std::string& path, int64_t fi
     }
     if (!ok) error = "cannot write " + path + ": " + sf_strerror(file);
     sf_close(file);
+    return ok;
+}
+
+bool AudioSegment::join(const std::string& dir, const std::string& path, std::string& error) {
+    std::map<long long, std::pair<long long, std::string>> pieces;  // first frame -> last, file
+    std::error_code code;
+    for (const auto& entry : std::filesystem::directory_iterator(dir, code)) {
+        const std::string name = entry.path().filename().string();
+        long long first = 0, last = 0;
+        char tail[8] = {0};
+        if (std::sscanf(name.c_str(), "audio_%lld-%lld.%4s", &first, &last, tail) == 3 && std::string(tail) == "wav")
+            pieces[first] = {last, entry.path().string()};
+    }
+    if (pieces.empty()) {
+        error = "no audio_FIRST-LAST.wav in '" + dir + "' to join";
+        return false;
+    }
+    long long expected = pieces.begin()->first;
+    for (const auto& piece : pieces) {
+        if (piece.first != expected) {
+            error = "frames " + std::to_string(expected) + "-" + std::to_string(piece.first - 1) +
+                    " have no audio file in '" + dir + "'";
+            return false;
+        }
+        expected = piece.second.first + 1;
+    }
+    SNDFILE* out = nullptr;
+    std::vector<int16_t> samples(65536 * 2);
+    bool ok = true;
+    for (const auto& piece : pieces) {
+        SF_INFO info = {};
+        SNDFILE* in = sf_open(piece.second.second.c_str(), SFM_READ, &info);
+        if (!in || info.channels != 2) {
+            error = "cannot read " + piece.second.second + " as stereo audio";
+            if (in) sf_close(in);
+            ok = false;
+            break;
+        }
+        if (!out && !(out = openForWriting(path, info.samplerate, error))) {
+            sf_close(in);
+            return false;
+        }
+        sf_count_t got;
+        while (ok && (got = sf_readf_short(in, samples.data(), 65536)) > 0)
+            ok = sf_writef_short(out, samples.data(), got) == got;
+        if (!ok) error = "cannot write " + path + ": " + sf_strerror(out);
+        sf_close(in);
+        if (!ok) break;
+    }
+    if (out) sf_close(out);
     return ok;
 }

@@ -13,4 +13,7 @@ public:
     // Frames [firstFrame, endFrame) of the video; silence where the music has ended.
     static bool write(const Sound& sound, const std::string& path, int64_t firstFrame, int64_t endFrame, int fps,
                       std::string& error);
+    // Joins the range files audio_FIRST-LAST.wav of a folder, which must follow each other
+    // without a gap, into one file: the same samples as one capture of the whole span.
+    static bool join(const std::string& dir, const std::string& path, std::string& error);
 };

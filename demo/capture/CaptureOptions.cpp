@@ -1,5 +1,7 @@
 #include "demo/capture/CaptureOptions.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -69,6 +71,17 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
                 return false;
             }
             (arg == "--from" ? haveFrom : haveTo) = true;
+        } else if (arg == "--chunk") {
+            if (!value(v)) return false;
+            size_t slash = v.find('/');
+            int64_t i = 0, n = 0;
+            if (slash == std::string::npos || !readInt(v.substr(0, slash), i) || !readInt(v.substr(slash + 1), n) ||
+                n < 1 || n > 100000 || i >= n) {
+                error = "bad chunk '" + v + "': write I/N with 0 <= I < N";
+                return false;
+            }
+            chunkIndex = static_cast<int>(i);
+            chunkCount = static_cast<int>(n);
         } else if (arg == "--frames") {
             if (!value(v)) return false;
             size_t dash = v.find('-');
@@ -116,6 +129,10 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
             audio = false;
         } else if (arg == "--no-audio") {
             audio = false;
+        } else if (arg == "--count") {
+            count = true;
+        } else if (arg == "--join") {
+            join = true;
         } else if (arg == "--overwrite") {
             overwrite = true;
         } else if (!arg.empty() && arg[0] == '-') {
@@ -128,10 +145,11 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
             return false;
         }
     }
-    if (haveFrames && (haveFrom || haveTo)) {
-        error = "give either a time range (--from/--to) or a frame range (--frames), not both";
+    if (int(haveFrames) + int(haveFrom || haveTo) + int(chunkCount > 0) > 1) {
+        error = "give one of a time range (--from/--to), a frame range (--frames) or a chunk (--chunk)";
         return false;
     }
+    wholeDemo = !haveFrames && !haveFrom && !haveTo && chunkCount == 0;
     if (haveFrom) firstFrame = firstFrameAtOrAfter(fromMs, fps);
     if (haveTo) {
         if (haveFrom && toMs <= fromMs) {
@@ -152,15 +170,51 @@ bool CaptureOptions::parse(int argc, char** argv, std::string& error) {
     return true;
 }
 
+bool CaptureOptions::resolveRange(uint32_t startMs, uint32_t stopMs, std::string& error) {
+    // The demo's frames are those shown before its stop time.
+    const int64_t begin = firstFrameAtOrAfter(startMs, fps);
+    const int64_t end = firstFrameAtOrAfter(stopMs, fps);
+    if (chunkCount > 0) {
+        const int64_t frames = std::max<int64_t>(end - begin, 0);
+        firstFrame = begin + frames * chunkIndex / chunkCount;
+        lastFrame = begin + frames * (chunkIndex + 1) / chunkCount - 1;
+    } else {
+        if (lastFrame >= 0 && lastFrame < begin) {
+            error = "the range ends before the demo's start position";
+            return false;
+        }
+        firstFrame = std::max(firstFrame, begin);
+        lastFrame = lastFrame < 0 ? end - 1 : std::min(lastFrame, end - 1);
+    }
+    if (firstFrame > lastFrame) {
+        error = "the range holds no frame before the demo's stop time (" + QLNTime(stopMs).toString() + ")";
+        return false;
+    }
+    return true;
+}
+
+std::string CaptureOptions::audioName() const {
+    if (wholeDemo) return "audio.wav";
+    char name[64];
+    std::snprintf(name, sizeof name, "audio_%06lld-%06lld.wav", static_cast<long long>(firstFrame),
+                  static_cast<long long>(lastFrame));
+    return name;
+}
+
 std::string CaptureOptions::usage() {
     return "usage: democapture [demoscript.txt] [options]\n"
            "Plays a demoscript from resources/scripts/ with a driven clock and writes every frame.\n"
-           "Frame k shows demo time floor(k * 1000 / fps) ms; nothing is skipped.\n"
+           "Frame k shows demo time floor(k * 1000 / fps) ms; nothing is skipped. The capture\n"
+           "holds every frame before the script's stop time (a frame at the stop time is not\n"
+           "written): at 60 fps a demo that stops at 01:00:000 gives frames 0-3599.\n"
            "  --fps N            frames per second (default 60)\n"
            "  --from mm:ss:mmm   first frame at or after this demo time\n"
            "  --to mm:ss:mmm     last frame before this demo time (default: the script's stop time)\n"
            "  --frames A-B       frame range, both ends included ('A-' runs to the end)\n"
-           "  --size WxH         output size (default 640x480)\n"
+           "  --chunk I/N        the I-th (from 0) of N equal frame ranges of the whole demo\n"
+           "  --count            print the number of frames the capture would write and exit\n"
+           "  --join             join the range WAVs in the output folder into one audio.wav\n"
+           "  --size WxH         output size (default: the script's screen size)\n"
            "  --out DIR          output folder (default ./capture), created if missing\n"
            "  --raw              one raw RGB24 video stream on standard output instead of PNG files\n"
            "  --png-level N      PNG compression 0-9 (default 1)\n"

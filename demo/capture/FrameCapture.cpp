@@ -24,23 +24,34 @@ FrameCapture::~FrameCapture() {
     }
 }
 
-bool FrameCapture::begin(uint32_t offsetMs, uint32_t stopMs) {
+bool FrameCapture::begin(uint32_t offsetMs) {
     offset = offsetMs;
-    stop = stopMs;
     // Demo time cannot go back before the start position: the first drawn frame is the
-    // first one at or after it. Frames before the range are drawn but not read back, so
-    // every frame is the same whether a capture starts at 0 or in the middle.
+    // first one at or after it. The range itself is already clipped to the demo.
     frame = CaptureOptions::firstFrameAtOrAfter(offset, options.fps);
     first = std::max(frame, options.firstFrame);
-    int64_t lastBeforeStop = CaptureOptions::firstFrameAtOrAfter(stop, options.fps);
-    if (CaptureOptions::frameTime(lastBeforeStop, options.fps) > stop) --lastBeforeStop;
-    last = options.lastFrame < 0 ? lastBeforeStop : std::min(options.lastFrame, lastBeforeStop);
+    last = options.lastFrame;
     if (progress) progress->setTotal(last >= first ? last - first + 1 : 0);
     runStarted = false;
     active = this;
     QLNDemosys::setTickSource(&FrameCapture::ticks);
     if (!options.timecodes.empty()) timecodes = std::fopen(options.timecodes.c_str(), "w");
     return options.timecodes.empty() || timecodes;
+}
+
+bool FrameCapture::frameStarting() {
+    // Frames before the range run every effect, so that the range starts from the state a
+    // full run leaves, but nothing is rasterised: no effect keeps pixels from one frame to
+    // the next (framebuffers are painted afresh each frame), only its own fields.
+    const bool shown = frame >= first;
+    if (GLEW_VERSION_3_0 && shown != wasShown) {
+        if (shown)
+            glDisable(GL_RASTERIZER_DISCARD);
+        else
+            glEnable(GL_RASTERIZER_DISCARD);
+    }
+    wasShown = shown;
+    return shown;
 }
 
 unsigned int FrameCapture::ticks() {

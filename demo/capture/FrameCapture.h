@@ -17,7 +17,9 @@ public:
     ~FrameCapture();
 
     // Installs the clock; offset is where the timeline starts (the script's start position).
-    bool begin(uint32_t offsetMs, uint32_t stopMs);
+    bool begin(uint32_t offsetMs);
+    // Called by the demo driver before each frame: whether the frame is drawn in full.
+    bool frameStarting();
     // Called by the demo driver between drawing and swapping.
     void frameDrawn();
 
@@ -39,8 +41,8 @@ private:
     int64_t lastDone = -1;
     int64_t count = 0;
     uint32_t offset = 0;
-    uint32_t stop = 0;
     bool failure = false;
     bool runStarted = false;
+    bool wasShown = true;
     std::FILE* timecodes = nullptr;
 };

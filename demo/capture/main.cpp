@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -22,11 +23,9 @@
 #include "demo/capture/PngFrameSink.h"
 #include "demo/capture/ProgressReport.h"
 #include "demo/capture/RawFrameSink.h"
+#include "demo/capture/ScriptSettings.h"
 #include "demosys/Demo.h"
-#include "demosys/ParameterGroup.h"
-#include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
-#include "demosys/QLNTime.h"
 #include "demosys/ScreenMetrics.h"
 #include "demosys/Sound.h"
 #include "demosys/Timeline.h"
@@ -55,17 +54,6 @@ static void runUnderXvfbIfNeeded(int argc, char** argv, const CaptureOptions& op
     std::exit(2);
 }
 
-static std::string audioName(const CaptureOptions& options) {
-    if (options.firstFrame == 0 && options.lastFrame < 0) return "audio.wav";
-    char name[64];
-    if (options.lastFrame < 0)
-        std::snprintf(name, sizeof name, "audio_%06lld-end.wav", static_cast<long long>(options.firstFrame));
-    else
-        std::snprintf(name, sizeof name, "audio_%06lld-%06lld.wav", static_cast<long long>(options.firstFrame),
-                      static_cast<long long>(options.lastFrame));
-    return name;
-}
-
 // The output folder must exist (it is created) and take files; nothing in it is replaced
 // unless the user asks for it.
 static bool prepareOutput(const CaptureOptions& options, std::string& error) {
@@ -92,15 +80,15 @@ static bool prepareOutput(const CaptureOptions& options, std::string& error) {
     if (options.overwrite) return true;
 
     std::vector<std::string> existing;
-    if (options.audio && fs::exists(options.outDir + "/" + audioName(options)))
-        existing.push_back(audioName(options));
+    if (options.audio && fs::exists(options.outDir + "/" + options.audioName()))
+        existing.push_back(options.audioName());
     if (options.format == CaptureOptions::PNG) {
         for (const auto& entry : fs::directory_iterator(options.outDir, code)) {
             std::string name = entry.path().filename().string();
             long long index = -1;
             char tail[8] = {0};
             if (std::sscanf(name.c_str(), "frame_%lld.%4s", &index, tail) == 2 && std::string(tail) == "png" &&
-                index >= options.firstFrame && (options.lastFrame < 0 || index <= options.lastFrame))
+                index >= options.firstFrame && index <= options.lastFrame)
                 existing.push_back(name);
         }
     }
@@ -113,14 +101,17 @@ static bool prepareOutput(const CaptureOptions& options, std::string& error) {
     return true;
 }
 
-static uint32_t scriptStopTime() {
-    ParameterGroup* system = QLNDemosys::parameters ? QLNDemosys::parameters->getGroup("system") : nullptr;
-    QLNTime stop;
-    if (system && system->exist("stop"))
-        stop.setTimeAsString(system->getParameter("stop"));
-    else
-        stop.setMinutes(30);
-    return stop.getTicks();
+// Joins the range WAVs of the output folder into audio.wav.
+static int joinAudio(const CaptureOptions& options) {
+    std::string path = options.outDir + "/audio.wav", error;
+    if (!options.overwrite && fs::exists(path))
+        return usageError("'" + path + "' would be overwritten; remove it or pass --overwrite");
+    if (!AudioSegment::join(options.outDir, path, error)) {
+        std::cerr << "democapture: " << error << std::endl;
+        return 1;
+    }
+    std::cerr << "democapture: music joined into " << path << std::endl;
+    return 0;
 }
 
 int main(int argc, char** argv) {
@@ -129,6 +120,32 @@ int main(int argc, char** argv) {
     if (!options.parse(argc, argv, error)) return usageError(error);
     if (options.help) {
         std::cout << CaptureOptions::usage();
+        return 0;
+    }
+    if (options.join) return joinAudio(options);
+
+    // The script decides the size (unless asked otherwise) and which frames the demo has.
+    // Its log waits until standard output is known (it may carry the video).
+    std::ostringstream startLog;
+    std::streambuf* console = std::cout.rdbuf(startLog.rdbuf());
+    std::string scriptName = options.script;
+    std::vector<char*> demoArgs = {argv[0], scriptName.data(), nullptr};
+    Demo demo(scriptName.empty() ? 1 : 2, demoArgs.data());
+    registerDemoEffects(demo);
+    ScriptSettings script;
+    bool readable = script.read(options.script, error);
+    std::cout.rdbuf(console);
+    if (!readable) {
+        std::cerr << "democapture: the demoscript cannot be read:\n" << error << std::endl;
+        return 1;
+    }
+    if (options.width == 0) {
+        options.width = script.width >= 16 ? script.width : 640;
+        options.height = script.height >= 16 ? script.height : 480;
+    }
+    if (!options.resolveRange(script.startMs, script.stopMs, error)) return usageError(error);
+    if (options.count) {
+        std::cout << options.lastFrame - options.firstFrame + 1 << std::endl;
         return 0;
     }
     if (!prepareOutput(options, error)) return usageError(error);
@@ -145,16 +162,13 @@ int main(int argc, char** argv) {
         dup2(STDERR_FILENO, STDOUT_FILENO);
         video = fdopen(videoFd, "wb");
     }
+    std::cout << startLog.str();
 
     ScreenMetrics metrics;
     metrics.setFullscreen(false);
     metrics.setFullscreenOverride(true);
     metrics.setResolution(options.width, options.height);
 
-    std::string scriptName = options.script;
-    std::vector<char*> demoArgs = {argv[0], scriptName.data(), nullptr};
-    Demo demo(scriptName.empty() ? 1 : 2, demoArgs.data());
-    registerDemoEffects(demo);
     demo.load(&metrics);
     demo.init();
 
@@ -170,20 +184,13 @@ int main(int argc, char** argv) {
     if (!demo.isValid()) {
         status = 1;
     } else {
-        uint32_t stop = scriptStopTime();
-        if (!capture.begin(QLNDemosys::timeline ? QLNDemosys::timeline->getOffset() : 0, stop)) {
+        if (!capture.begin(QLNDemosys::timeline ? QLNDemosys::timeline->getOffset() : 0)) {
             std::cerr << "democapture: cannot write the time codes to '" << options.timecodes << "'" << std::endl;
-            status = 2;
-        } else if (capture.firstWritten() > options.lastFrame && options.lastFrame >= 0) {
-            std::cerr << "democapture: the range starts before the demo's start position" << std::endl;
-            status = 2;
-        } else if (CaptureOptions::frameTime(capture.firstWritten(), options.fps) > stop) {
-            std::cerr << "democapture: the range starts after the demo's stop time ("
-                      << QLNTime(stop).toString() << ")" << std::endl;
             status = 2;
         } else {
             std::cerr << "democapture: " << options.width << "x" << options.height << " at " << options.fps
-                      << " fps from frame " << capture.firstWritten() << std::endl;
+                      << " fps, frames " << capture.firstWritten() << "-" << options.lastFrame << std::endl;
+            demo.setFrameFilter([&capture] { return capture.frameStarting(); });
             demo.setFrameObserver([&capture] { capture.frameDrawn(); });
             demo.run();
             bool written = sink->finish();
@@ -194,7 +201,7 @@ int main(int argc, char** argv) {
                 status = 1;
             }
             if (status == 0 && options.audio && QLNDemosys::sound && capture.framesWritten() > 0) {
-                std::string path = options.outDir + "/" + audioName(options);
+                std::string path = options.outDir + "/" + options.audioName();
                 if (!AudioSegment::write(*QLNDemosys::sound, path, capture.firstWritten(), capture.lastWritten() + 1,
                                          options.fps, error)) {
                     std::cerr << "democapture: " << error << std::endl;

@@ -1,3 +1,4 @@
 #!/usr/bin/env bash
-# The capture program on real demoscripts: frame times, determinism, ranges, audio, refusals.
+# The capture program: frame times, defaults, ranges, music, refusals, chunks of the bundled
+# demo against a whole capture, and the README's recipes run as printed.
 exec python3 "$(dirname "$0")/capture_program.py"
