@@ -16,6 +16,7 @@ packages=(
   xdotool                          # real key presses for the workbench test
   ffmpeg parallel                  # the capture recipes of the README, run by the tests
   python3
+  gcovr                            # line coverage (tools/coverage.sh)
 )
 
 missing=()

@@ -2,25 +2,13 @@
 // resulting animation is played back along both kinds of path.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <fstream>
-#include <string>
-#include <unistd.h>
 
 #include "demosys/Animation.h"
 #include "demosys/AnimationParser.h"
-
-static std::string scratchFile() {
-    static std::string path = "/tmp/fuzz_animation_" + std::to_string(getpid()) + ".ani";
-    return path;
-}
+#include "fuzz/FuzzFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string path = scratchFile();
-    {
-        std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    }
+    const std::string path = fuzzFile("input.ani", data, size);
     AnimationParser parser(path);
     Animation* animation = parser.parse();
     if (animation) {
@@ -35,6 +23,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         delete animation;
     }
     parser.getErrorMessage();
-    std::remove(path.c_str());
     return 0;
 }

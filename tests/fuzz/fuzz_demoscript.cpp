@@ -2,7 +2,6 @@
 // plays it to the end, with the pools and templates set up as start-up sets them. The
 // text "@DEFS@" in the input stands for the directory of the definitions written here.
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
@@ -24,6 +23,7 @@
 #include "demosys/Parameters.h"
 #include "demosys/QLNDemosys.h"
 #include "demosys/Timeline.h"
+#include "fuzz/FuzzFile.h"
 
 namespace {
 
@@ -39,44 +39,18 @@ public:
     Effect* getInstance() override { return new ScrollerEffect(); }
 };
 
-std::string workDir;
-
-void writeFile(const std::string& path, const std::string& text) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) std::abort();
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
-}
-
-void writeDefinition(const std::string& name, const std::string& text) { writeFile(workDir + "/" + name, text); }
-
-void removeWorkDir() {
-    for (const char* name : {"SpinEffect.def", "ScrollerEffect.def", "system.def", "screen.def", "sound.def",
-                             "demoscript.txt"}) {
-        std::remove((workDir + "/" + name).c_str());
-    }
-    rmdir(workDir.c_str());
-}
-
 void setUp() {
-    // Memory-backed when there is such a place: the script is written once per run.
-    struct stat info;
-    std::string pattern = stat("/dev/shm", &info) == 0 && S_ISDIR(info.st_mode) ? "/dev/shm" : "/tmp";
-    pattern += "/qln-fuzz-demoscript-XXXXXX";
-    if (!mkdtemp(&pattern[0])) std::abort();
-    workDir = pattern;
-    std::atexit(removeWorkDir);
-    writeDefinition("SpinEffect.def",
+    fuzzFile("SpinEffect.def",
                     "parameters {\ntexture [type=string][default=logo][values=<string>];\n"
                     "speed [type=float][default=1.0];\nmode [type=string][default=normal][values=normal,additive];\n}\n"
                     "methods {\nsetSpeed(<event>, <float>);\nfadeTo(<event>, <float>, <time>);\n}\n");
-    writeDefinition("ScrollerEffect.def",
+    fuzzFile("ScrollerEffect.def",
                     "parameters {\ntext [type=string][default=hello][values=<string>];\nlines [type=int][default=1];\n"
                     "loop [type=bool][default=false];\n}\n"
                     "methods {\nsetText(<event>, <string>);\njump(<event>, <integer>, <bool>);\nrewind(<time>, <float>);\n}\n");
-    writeDefinition("system.def", "parameters {\nstart [type=string][default=00:00:000][values=<string>];\n}\n");
-    writeDefinition("screen.def", "parameters {\nwidth [type=int][default=640];\nheight [type=int][default=480];\n}\n");
-    writeDefinition("sound.def", "parameters {\nplay [type=int][default=0];\n}\n");
+    fuzzFile("system.def", "parameters {\nstart [type=string][default=00:00:000][values=<string>];\n}\n");
+    fuzzFile("screen.def", "parameters {\nwidth [type=int][default=640];\nheight [type=int][default=480];\n}\n");
+    fuzzFile("sound.def", "parameters {\nplay [type=int][default=0];\n}\n");
 
     // The readers' log lines would drown the fuzzer's own output on stderr.
     int null = open("/dev/null", O_WRONLY);
@@ -101,8 +75,8 @@ void setUp() {
 std::string withDefinitionDir(std::string text) {
     const std::string mark = "@DEFS@";
     for (std::string::size_type at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
-        text.replace(at, mark.size(), workDir + "/");
-        at += workDir.size() + 1;
+        text.replace(at, mark.size(), fuzzDir() + "/");
+        at += fuzzDir().size() + 1;
     }
     return text;
 }
@@ -124,9 +98,8 @@ void createEffectObjects(Parameters* effects, DataEffectPool* instances) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static bool ready = (setUp(), true);
     (void)ready;
-    const std::string input = workDir + "/demoscript.txt";
     const std::string text = withDefinitionDir(std::string(reinterpret_cast<const char*>(data), size));
-    writeFile(input, text);
+    const std::string input = fuzzFile("demoscript.txt", text);
 
     DataEffectPool* instances = new DataEffectPool();
     QLNDemosys::data->addData("effectPool", instances);

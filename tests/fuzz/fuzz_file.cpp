@@ -2,42 +2,16 @@
 // order the bytes themselves choose; then put back out and compared.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 
+#include "fuzz/FuzzFile.h"
 #include "qlnutils/File.h"
 
-namespace {
-
-std::string tempPath(const char* stem) {
-    return std::string("/tmp/") + stem + "-" + std::to_string(getpid()) + ".bin";
-}
-
-void removeTempFiles() {
-    std::remove(tempPath("qln-fuzz-file-in").c_str());
-    std::remove(tempPath("qln-fuzz-file-out").c_str());
-}
-
-std::string slurp(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string inputPath = tempPath("qln-fuzz-file-in");
-    static const std::string outputPath = tempPath("qln-fuzz-file-out");
-    static const int cleanup = std::atexit(removeTempFiles);
-    (void)cleanup;
     std::string bytes(reinterpret_cast<const char*>(data), size);
-    {
-        std::ofstream out(inputPath, std::ios::binary | std::ios::trunc);
-        out << bytes;
-    }
+    const std::string inputPath = fuzzFile("input.bin", data, size);
+    const std::string outputPath = fuzzDir() + "/output.bin";
 
     File file(inputPath, File::READ);
     if (!file.exists() || file.getFileSize() != size || file.getAsString() != bytes) abort();
@@ -64,6 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         out.put(bytes);
         if (!out.write()) abort();
     }
-    if (slurp(outputPath) != bytes) abort();
+    File back(outputPath, File::READ);
+    if (back.getAsString() != bytes) abort();
     return 0;
 }

@@ -1,10 +1,8 @@
 // Object files of any content: the loader reads them through a real file and builds
 // the scene graph from each record, without GL (the vertex buffers need a context).
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <unistd.h>
 
 #include "demosys/QLNMaterial.h"
 #include "demosys/QLNMeshData.h"
@@ -13,21 +11,10 @@
 #include "demosys/QLNSceneLoader.h"
 #include "demosys/QLNSceneTree.h"
 #include "demosys/Vector.h"
-
-static std::string scratchFile() {
-    char pattern[] = "/tmp/fuzz_sceneloader-XXXXXX";
-    int fd = mkstemp(pattern);
-    if (fd < 0) std::abort();
-    close(fd);
-    return pattern;
-}
+#include "fuzz/FuzzFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string path = scratchFile();
-    FILE* out = std::fopen(path.c_str(), "wb");
-    if (!out) std::abort();
-    if (size) std::fwrite(data, 1, size, out);
-    std::fclose(out);
+    const std::string path = fuzzFile("input.qlo", data, size);
 
     QLNSceneTree tree;
     tree.setRoot(new QLNNode());

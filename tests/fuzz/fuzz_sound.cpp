@@ -1,27 +1,12 @@
 // Arbitrary bytes as a music file: both decoders (libsndfile, libopenmpt) and the
 // resampler must reject or decode them without reading or writing out of bounds.
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "demosys/SoundDecoder.h"
-
-namespace {
-
-std::string scratchFile() {
-    char pattern[] = "/tmp/fuzz_sound-XXXXXX";
-    int fd = mkstemp(pattern);
-    if (fd < 0) std::abort();
-    close(fd);
-    static std::string path = pattern;
-    std::atexit([] { std::remove(path.c_str()); });
-    return path;
-}
-
-}  // namespace
+#include "fuzz/FuzzFile.h"
 
 // The codec libraries under libsndfile lose a little memory on some broken streams (an
 // Ogg whose Vorbis headers do not parse, for one); those leaks are theirs, not ours.
@@ -34,11 +19,7 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string path = scratchFile();
-    std::FILE* out = std::fopen(path.c_str(), "wb");
-    if (!out) return 0;
-    if (size) std::fwrite(data, 1, size, out);
-    std::fclose(out);
+    const std::string path = fuzzFile("input.snd", data, size);
     // A short limit keeps long-looping modules from eating the run.
     SoundDecoder decoder(44100, 30);
     std::vector<int16_t> frames;

@@ -75,49 +75,6 @@ TEST(AnimationParser, ReportsAMissingFileAndABadHeader) {
     EXPECT_FALSE(empty.isValid());
 }
 
-TEST(AnimationParser, AcceptsAHeaderWithSurroundingWhiteSpaceAndWindowsLineEnds) {
-    TempDir dir;
-    std::unique_ptr<Animation> animation =
-        parseText(dir, " \tQLNANI1 \r\nkeyframes 1\r\nposition 1.5 2 3\r\nangles 4 5\r\n");
-    ASSERT_TRUE(animation);
-    ASSERT_EQ(1, animation->countKeyFrames());
-    EXPECT_EQ((Vector<float, 3>(1.5f, 2, 3)), animation->getKeyFrame(0)->getPosition());
-    EXPECT_EQ(5.0f, animation->getKeyFrame(0)->getHeading());
-}
-
-TEST(AnimationParser, ACountBeyondTheLinesPresentIsReadSafely) {
-    TempDir dir;
-    std::unique_ptr<Animation> animation = parseText(dir, "QLNANI1\nkeyframes 3\nposition 1 2 3\n");
-    ASSERT_TRUE(animation);
-    ASSERT_EQ(3, animation->countKeyFrames());
-    EXPECT_EQ((Vector<float, 3>(1, 2, 3)), animation->getKeyFrame(0)->getPosition());
-    EXPECT_EQ(0.0f, animation->getKeyFrame(0)->getPitch());
-    EXPECT_EQ((Vector<float, 3>(0, 0, 0)), animation->getKeyFrame(2)->getPosition());
-
-    // An absurd count must not allocate without bound.
-    std::unique_ptr<Animation> huge = parseText(dir, "QLNANI1\nkeyframes 2000000000\nposition 1 2 3\nangles 4 5\n");
-    ASSERT_TRUE(huge);
-    EXPECT_LT(huge->countKeyFrames(), 1000000);
-    EXPECT_EQ(4.0f, huge->getKeyFrame(0)->getPitch());
-
-    std::unique_ptr<Animation> negative = parseText(dir, "QLNANI1\nkeyframes -5\n");
-    ASSERT_TRUE(negative);
-    EXPECT_EQ(0, negative->countKeyFrames());
-}
-
-TEST(Animation, LinearPlaybackAndItsRangeMessage) {
-    TempDir dir;
-    std::unique_ptr<Animation> animation = parseText(dir, twoKeyframes);
-    animation->next(0.0);
-    expectPose(*animation, 0, 0, 0, 0, 0);
-    animation->next(0.5);
-    expectPose(*animation, 5, 10, -15, 22.5f, 45);
-    std::string said = captureStdout([&] { animation->next(1.0); });
-    EXPECT_EQ("OUT OF RANGE 1\n", said);
-    expectPose(*animation, 5, 10, -15, 22.5f, 45);  // kept
-    EXPECT_EQ("OUT OF RANGE -1\n", captureStdout([&] { animation->next(-0.5); }));
-}
-
 TEST(Animation, LinearPlaybackOnAnIntegralPointLandsOnTheFarKeyframe) {
     Animation animation;
     for (float x : {0.0f, 100.0f, 200.0f, 300.0f}) animation.addKeyframe(new Keyframe(Vector<float, 3>(x, 0, 0), x, 0));
@@ -149,15 +106,6 @@ TEST(Animation, CatmullRomRunsFromTheSecondToTheThirdOfFourKeyframes) {
     three.setInterpolationType(1);
     for (int k = 0; k < 3; ++k) three.addKeyframe(new Keyframe());
     EXPECT_EQ("OUT OF RANGE [-1] -> 0\n", captureStdout([&] { three.next(0.5); }));
-}
-
-TEST(Animation, TooFewKeyframesOnlyPrint) {
-    Animation empty;
-    EXPECT_EQ("OUT OF RANGE 0\n", captureStdout([&] { empty.next(0.0); }));
-    Animation one;
-    one.addKeyframe(new Keyframe(Vector<float, 3>(1, 1, 1), 0, 0));
-    EXPECT_EQ("OUT OF RANGE 0\n", captureStdout([&] { one.next(0.3); }));
-    expectPose(one, 0, 0, 0, 0, 0);
 }
 
 TEST(AnimationCameraController, MovesTheCameraBetweenItsStartAndEndTimes) {
@@ -200,24 +148,4 @@ TEST(AnimationCameraController, MovesTheCameraBetweenItsStartAndEndTimes) {
 
     std::unique_ptr<AnimationObjectController> objects(animation->getObjectController());
     EXPECT_EQ(animation.get(), objects->getAnimation());
-}
-
-TEST(DataAnimationPool, OwnsItsAnimationsAndCountsEveryAdd) {
-    DataAnimationPool* pool = new DataAnimationPool();
-    Animation* path = new Animation();
-    path->addKeyframe(new Keyframe());
-    pool->addAnimation("camPath", path);
-    pool->addAnimation("camPath", new Animation());  // name taken again: counted all the same, not deleted
-    pool->addAnimation("empty", nullptr);
-    EXPECT_EQ(3, pool->size());
-    EXPECT_TRUE(pool->exist("camPath"));
-    EXPECT_EQ(nullptr, pool->getAnimation("nothing"));
-    EXPECT_FALSE(pool->exist("nothing"));
-    EXPECT_EQ(0, pool->getAnimation("camPath")->countKeyFrames());
-    std::string report = pool->toString();
-    EXPECT_EQ(0u, report.find("AnimationPool {\n    camPath = Animation {\n"));
-    EXPECT_EQ("}\n", report.substr(report.size() - 2));
-    EXPECT_EQ("[Dispose animationPool]\n -> delete camPath\n -> delete empty\n", captureStdout([&] { delete pool; }));
-    EXPECT_EQ(1, path->countKeyFrames());  // still the caller's
-    delete path;
 }

@@ -17,41 +17,6 @@ std::string bytes(std::initializer_list<int> values) {
     return text;
 }
 
-TEST(FileTest, ReadsAWholeFileByteForByte) {
-    TempDir dir;
-    std::string content = bytes({'a', 0, 0xff, '\r', '\n', 'z'});
-    File file(dir.write("data.bin", content), File::READ);
-    EXPECT_TRUE(file.exists());
-    EXPECT_EQ(file.getFilename(), dir.file("data.bin"));
-    EXPECT_EQ(file.getFileSize(), 6u);
-    EXPECT_EQ(file.getAsString(), content);
-    EXPECT_EQ(file.get(), std::vector<char>(content.begin(), content.end()));
-    EXPECT_EQ(file.getUnsigned(), (std::vector<unsigned char>{'a', 0, 0xff, '\r', '\n', 'z'}));
-}
-
-TEST(FileTest, MissingFileDoesNotExistAndHasNoBytes) {
-    TempDir dir;
-    File file(dir.file("missing.txt"), File::READ);
-    EXPECT_FALSE(file.exists());
-    EXPECT_EQ(file.getFileSize(), 0u);
-    EXPECT_EQ(file.getAsString(), "");
-    EXPECT_TRUE(file.getAsLines().empty());
-    EXPECT_FALSE(file.write());
-
-    File unwritable(dir.file("no/such/folder/out.bin"), File::WRITE);
-    EXPECT_FALSE(unwritable.exists());
-    unwritable.put(1);
-    EXPECT_FALSE(unwritable.write());
-}
-
-TEST(FileTest, AFolderIsNotAFileToRead) {
-    TempDir dir;
-    dir.write("inside/file.txt", "x");
-    File folder(dir.file("inside"), 0);
-    EXPECT_FALSE(folder.exists());
-    EXPECT_EQ(folder.getFileSize(), 0u);
-}
-
 TEST(FileTest, SplitsLinesAtLineFeedOrCarriageReturnLineFeed) {
     TempDir dir;
     File unix(dir.write("unix.txt", "first\nsecond\n\nfourth\n"), File::READ);
@@ -62,16 +27,6 @@ TEST(FileTest, SplitsLinesAtLineFeedOrCarriageReturnLineFeed) {
 
     File lone(dir.write("cr.txt", "a\rb\n"), File::READ);
     EXPECT_EQ(lone.getAsLines(), (std::vector<std::string>{"a\rb"}));
-}
-
-TEST(FileTest, OtherModesOpenWithoutReading) {
-    TempDir dir;
-    std::string path = dir.write("data.txt", "content");
-    File file(path, 7);
-    EXPECT_TRUE(file.exists());
-    EXPECT_EQ(file.getFileSize(), 0u);
-    EXPECT_EQ(file.getAsString(), "");
-    EXPECT_EQ(readFile(path), "content");
 }
 
 TEST(FileTest, ReadsLittleEndianValuesInSequence) {
@@ -167,30 +122,6 @@ TEST(FileTest, WriteModesTruncateOrAppend) {
         EXPECT_FALSE(truncating.write());  // the stream was closed by the first write
     }
     EXPECT_EQ(readFile(path), "fresh");
-}
-
-TEST(FileTest, WriteAsCopiesOnlyTheRecordedSize) {
-    TempDir dir;
-    File file(dir.write("original.bin", "12345"), File::READ);
-    file.put(std::string("678"));
-    std::string copy = dir.file("copy.bin");
-    EXPECT_TRUE(file.writeAs(copy));
-    EXPECT_EQ(file.getFilename(), copy);
-    EXPECT_EQ(readFile(copy), "12345");  // bytes put after opening are left behind
-
-    File fresh(dir.file("fresh.bin"), File::WRITE);
-    fresh.put(std::string("abc"));
-    EXPECT_TRUE(fresh.writeAs(dir.file("unsized.bin")));
-    EXPECT_EQ(readFile(dir.file("unsized.bin")), "");
-
-    File written(dir.file("written.bin"), File::WRITE);
-    written.put(std::string("abc"));
-    EXPECT_TRUE(written.write());
-    written.put(std::string("def"));
-    EXPECT_TRUE(written.writeAs(dir.file("second.bin")));
-    EXPECT_EQ(readFile(dir.file("second.bin")), "abc");
-
-    EXPECT_FALSE(written.writeAs(dir.file("no/such/folder/x.bin")));
 }
 
 }  // namespace

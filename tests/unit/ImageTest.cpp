@@ -32,17 +32,6 @@ std::vector<unsigned char> bytesOf(const Image& image) {
 }
 
 // Rewrites the IHDR size of an encoded PNG, with a correct CRC, so only the size is wrong.
-std::string withHeaderSize(std::string png, uint32_t width, uint32_t height) {
-    auto put32 = [&](size_t at, uint32_t v) {
-        for (int i = 0; i < 4; ++i) png[at + i] = static_cast<char>(v >> (24 - 8 * i));
-    };
-    put32(16, width);
-    put32(20, height);
-    uLong crc = crc32(0, reinterpret_cast<const Bytef*>(png.data() + 12), 17);
-    put32(29, static_cast<uint32_t>(crc));
-    return png;
-}
-
 }  // namespace
 
 TEST(Image, ReadsRgbaFileBottomRowFirst) {
@@ -159,27 +148,4 @@ TEST(Image, InterlacedDecodesLikeProgressive) {
     EXPECT_EQ(bytesOf(*interlaced), bytesOf(*progressive));
     // Bottom row first: the first pixel in memory is (0, 10) of the picture.
     EXPECT_EQ(interlaced->getData()[1], 200);
-}
-
-TEST(Image, DamagedFilesLeaveNoDataAndNeverCrash) {
-    std::string png = twoByTwo();
-    for (size_t length = 0; length < png.size(); ++length) {
-        auto truncated = fromMemory(png.substr(0, length));
-        EXPECT_EQ(truncated->getData(), nullptr) << "truncated to " << length << " bytes";
-        EXPECT_TRUE(truncated->exists());
-    }
-    for (size_t at = 8; at < png.size(); ++at) {
-        std::string damaged = png;
-        damaged[at] = static_cast<char>(damaged[at] ^ 0x5a);
-        auto image = fromMemory(damaged);  // CRC checks reject it or it decodes; either way, safely
-        if (image->getData()) {
-            EXPECT_GE(image->getDataSize(),
-                      size_t(image->getWidth()) * image->getHeight() * image->getPixelSize());
-        }
-    }
-
-    auto huge = fromMemory(withHeaderSize(png, 1u << 30, 1u << 30));
-    EXPECT_EQ(huge->getData(), nullptr) << "a header claiming a giant picture is refused before allocating";
-    auto wide = fromMemory(withHeaderSize(png, 3, 2));
-    EXPECT_EQ(wide->getData(), nullptr) << "too little pixel data for the header";
 }

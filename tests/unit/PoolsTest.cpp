@@ -1,120 +1,109 @@
-// The pool registry and the effect, event and binary pools: lookups, reports and what
-// their disposal says and frees.
+// The resource pools' shared rules: adding under a key that is present overwrites the
+// pointer and leaves the old value to its owner, the counting pools count every add,
+// disposal deletes what is held once, and the lookups of a missing key behave per pool.
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include <cstdlib>
+#include <functional>
 
+#include "demosys/Animation.h"
 #include "demosys/Binary.h"
 #include "demosys/Data.h"
+#include "demosys/DataAnimationPool.h"
 #include "demosys/DataBinaryPool.h"
 #include "demosys/DataEffectPool.h"
 #include "demosys/DataEventPool.h"
-#include "demosys/DataPool.h"
-#include "demosys/EventModifyEffect.h"
-#include "demosys/EventStartEffect.h"
+#include "demosys/DataFBOPool.h"
+#include "demosys/DataObjectPool.h"
+#include "demosys/DataShaderPool.h"
 #include "demosys/EventStopEffect.h"
+#include "demosys/QLNScene.h"
 #include "support/TestSupport.h"
-#include "unit/RecordingEffect.h"
+#include "unit/ScriptTest.h"
+
+namespace {
 
 using testsupport::captureStdout;
 
-// Tells the test when the registry deletes it.
-class WatchedPool : public DataPool {
-public:
-    WatchedPool(std::vector<std::string>* deaths, std::string name) : deaths(deaths), name(name) {}
-    ~WatchedPool() override { deaths->push_back(name); }
-    std::string toString() override { return name + "\n"; }
-    std::vector<std::string>* deaths;
-    std::string name;
+// One pool driven through its own add and lookup, in a child process: a pool that deleted
+// the old value on overwrite turns the owner's own delete into a crash, not a passing test.
+template <class Pool, class Value>
+void overwriteKeepsTheOldValueToItsOwner(const char* disposal, int countAfterTwoAdds,
+                                         std::function<void(Pool&, const std::string&, Value*)> add,
+                                         std::function<Value*(Pool&, const std::string&)> get) {
+    auto scenario = [&] {
+        Pool* pool = new Pool();
+        Value* first = new Value();
+        Value* second = new Value();
+        add(*pool, "key", first);
+        add(*pool, "key", second);
+        if (get(*pool, "key") != second || pool->size() != countAfterTwoAdds) std::abort();
+        delete first;
+        if (captureStdout([&] { delete pool; }) != std::string(disposal) + "\n -> delete key\n") std::abort();
+        std::exit(0);
+    };
+    EXPECT_EXIT(scenario(), ::testing::ExitedWithCode(0), "") << disposal;
+}
+
+struct TestEvent : public EventStopEffect {};
+struct TestBinary : public Binary {
+    TestBinary() : Binary({1, 2, 3}) {}
 };
 
-TEST(Data, RegistryFindsPoolsByNameAndDeletesThemInNameOrder) {
-    std::vector<std::string> deaths;
+TEST(Pools, AddingUnderATakenKeyOverwritesWithoutDeletingAndCountingPoolsCountEveryAdd) {
+    overwriteKeepsTheOldValueToItsOwner<DataAnimationPool, Animation>(
+        "[Dispose animationPool]", 2, [](DataAnimationPool& p, const std::string& k, Animation* v) { p.addAnimation(k, v); },
+        [](DataAnimationPool& p, const std::string& k) { return p.getAnimation(k); });
+    overwriteKeepsTheOldValueToItsOwner<DataBinaryPool, TestBinary>(
+        "[Dispose binaryPool]", 2, [](DataBinaryPool& p, const std::string& k, TestBinary* v) { p.addData(k, v); },
+        [](DataBinaryPool& p, const std::string& k) { return static_cast<TestBinary*>(p.getData(k)); });
+    overwriteKeepsTheOldValueToItsOwner<DataObjectPool, QLNScene>(
+        "[Dispose objectPool]", 2, [](DataObjectPool& p, const std::string& k, QLNScene* v) { p.addObject(k, v); },
+        [](DataObjectPool& p, const std::string& k) { return p.getObject(k); });
+    overwriteKeepsTheOldValueToItsOwner<DataEventPool, TestEvent>(
+        "[Dispose eventPool]", 1, [](DataEventPool& p, const std::string& k, TestEvent* v) { p.addEvent(k, v); },
+        [](DataEventPool& p, const std::string& k) { return static_cast<TestEvent*>(p.getEvent(k)); });
+    using Recording = scripttest::RecordingEffect;
+    struct Effect : Recording {
+        Effect() : Recording("Effect") {}
+    };
+    overwriteKeepsTheOldValueToItsOwner<DataEffectPool, Effect>(
+        "[Dispose effectPool]", 1, [](DataEffectPool& p, const std::string& k, Effect* v) { p.addEffect(k, v); },
+        [](DataEffectPool& p, const std::string& k) { return static_cast<Effect*>(p.getEffect(k)); });
+}
+
+TEST(Pools, MissingKeysAreNullAndOnlyTheEffectAndShaderPoolsEnterThem) {
+    DataEffectPool effects;
+    EXPECT_EQ(effects.getEffect("ghost"), nullptr);
+    EXPECT_TRUE(effects.exist("ghost")) << "deliberately entered by the lookup";
+    DataShaderPool shaders;
+    EXPECT_EQ(shaders.getShader("ghost"), nullptr);
+    EXPECT_TRUE(shaders.exists("ghost"));
+    DataFBOPool fbos;
+    FrameBufferObject* found = reinterpret_cast<FrameBufferObject*>(1);
+    EXPECT_EQ(captureStdout([&] { found = fbos.getFBO("ghost"); }),
+              "FrameBufferObject::getFBO(ghost) cannot find the requested VBO\n");
+    EXPECT_EQ(found, nullptr);
+    EXPECT_FALSE(fbos.exists("ghost"));
+    DataAnimationPool animations;
+    EXPECT_EQ(animations.getAnimation("ghost"), nullptr);
+    EXPECT_FALSE(animations.exist("ghost"));
+    DataEventPool events;
+    EXPECT_EQ(events.toString(), "EventPool { EMPTY }\n");
+}
+
+TEST(Pools, TheRegistryOverwritesWithoutDeletingAndDeletesWhatItHolds) {
     Data* data = new Data();
-    data->addData("texturePool", new WatchedPool(&deaths, "textures"));
-    data->addData("binaryPool", new WatchedPool(&deaths, "blobs"));
-    DataPool* plain = new DataPool();
-    data->addData("base", plain);
-    EXPECT_TRUE(data->exist("binaryPool"));
-    EXPECT_EQ(nullptr, data->getData("fboPool"));
-    EXPECT_FALSE(data->exist("fboPool"));  // asking inserted nothing
-    EXPECT_EQ(plain, data->getData("base"));
-    EXPECT_EQ("DataPool { size = 0 }\n", plain->toString());
-    EXPECT_EQ(0, plain->size());
-    EXPECT_EQ("DataPool { size = 0 }\nblobs\ntextures\n", data->toString());
-    delete data;
-    EXPECT_EQ((std::vector<std::string>{"blobs", "textures"}), deaths);
+    DataEventPool* first = new DataEventPool();
+    DataEventPool* second = new DataEventPool();
+    data->addData("eventPool", first);
+    data->addData("eventPool", second);
+    EXPECT_EQ(data->getData("eventPool"), second);
+    EXPECT_EQ(data->getData("fboPool"), nullptr);
+    captureStdout([&] {
+        delete first;
+        delete data;
+    });
 }
 
-TEST(DataEffectPool, LookupOfAnUnknownNameEntersItWithNoEffect) {
-    DataEffectPool* pool = new DataEffectPool();
-    pool->addEffect("zoom", new RecordingEffect());
-    pool->addEffect("intro", new RecordingEffect());
-    EXPECT_EQ(2, pool->size());
-    EXPECT_EQ("intro", pool->getKey(0));
-    EXPECT_EQ("zoom", pool->getKey(1));
-    EXPECT_EQ("", pool->getKey(2));
-
-    EXPECT_FALSE(pool->exist("ghost"));
-    EXPECT_EQ(nullptr, pool->getEffect("ghost"));
-    EXPECT_TRUE(pool->exist("ghost"));
-    EXPECT_EQ(3, pool->size());
-    EXPECT_EQ("EffectPool {\n    ghost = Effect\n    intro = Effect\n    zoom = Effect\n}\n", pool->toString());
-
-    Effect* zoom = pool->getEffect("zoom");
-    pool->removeEffect("zoom");
-    pool->removeEffect("never");
-    EXPECT_EQ(2, pool->size());
-    delete zoom;  // the pool let go of it without deleting it
-
-    EXPECT_EQ("[Dispose effectPool]\n -> delete ghost\n -> delete intro\n", captureStdout([&] { delete pool; }));
-}
-
-TEST(DataEventPool, ReportsItsPrototypesAndNothingWhenEmpty) {
-    DataEventPool* pool = new DataEventPool();
-    EXPECT_EQ("EventPool { EMPTY }\n", pool->toString());
-    pool->addEvent("start", new EventStartEffect());
-    pool->addEvent("stop", new EventStopEffect());
-    pool->addEvent("modify", new EventModifyEffect());
-    EXPECT_EQ(3, pool->size());
-    EXPECT_EQ(nullptr, pool->getEvent("pause"));
-    EXPECT_FALSE(pool->exist("pause"));
-    EXPECT_TRUE(pool->exist("stop"));
-    EXPECT_EQ(
-        "EventPool {\n"
-        "    modify = EventModifyEffect {  }\n"
-        "    start = EventStartEffect {  }\n"
-        "    stop = EventStopEffect {  }\n"
-        "}\n",
-        pool->toString());
-    Event* clone = pool->getEvent("start")->getInstance();
-    EXPECT_NE(nullptr, dynamic_cast<EventStartEffect*>(clone));
-    delete clone;
-    EXPECT_EQ("[Dispose eventPool]\n -> delete modify\n -> delete start\n -> delete stop\n",
-              captureStdout([&] { delete pool; }));
-}
-
-TEST(DataBinaryPool, KeysInByteOrderAndCountsEveryAdd) {
-    DataBinaryPool* pool = new DataBinaryPool();
-    Binary* first = new Binary({1, 2, 3});
-    pool->addData("noise", first);
-    pool->addData("Music", new Binary({9}));
-    pool->addData("noise", new Binary({4, 5}));  // name taken again; the first stays the caller's
-    EXPECT_EQ(3, pool->size());
-    EXPECT_EQ(1u, pool->getData(0)->size());  // "Music" sorts before "noise"
-    EXPECT_EQ(2u, pool->getData(1)->size());
-    EXPECT_EQ(nullptr, pool->getData(2));
-    EXPECT_EQ(nullptr, pool->getData(-1));
-    EXPECT_EQ(nullptr, pool->getData("silence"));
-    EXPECT_TRUE(pool->exist("Music"));
-    EXPECT_EQ(
-        "DataBinaryPool {\n"
-        "    num3dObjects = 3\n"
-        "    Music = Binary { size = 1 }\n"
-        "    noise = Binary { size = 2 }\n"
-        "}\n",
-        pool->toString());
-    EXPECT_EQ("[Dispose binaryPool]\n -> delete Music\n -> delete noise\n", captureStdout([&] { delete pool; }));
-    delete first;
-}
+}  // namespace

@@ -66,21 +66,6 @@ TEST(SceneLoader, ReadsEveryFieldOfEachRecordInFileOrder) {
     EXPECT_EQ(pin.indices, (std::vector<unsigned int>{2, 1, 0}));
 }
 
-TEST(SceneLoader, NamelessAndMaterialFlagEdgeCases) {
-    testsupport::TempDir dir;
-    ObjectFileBytes file;
-    file.i32(2);
-    file.mesh("", {}, 3, 0, 0, {}, {});
-    // A negative flag means no material block: the translation follows at once.
-    file.name("neg").i32(-5).floats({7, 8, 9, 0, 0, 0, 0, 0, 0}).i32(0).i8(3).i8(0).i8(0).i32(0);
-    std::vector<QLNMeshData> meshes = readAll(dir.write("edge.obj", file.bytes));
-    ASSERT_EQ(meshes.size(), 2u);
-    EXPECT_EQ(meshes[0].name, "Object");
-    EXPECT_EQ(meshes[1].name, "neg");
-    EXPECT_FALSE(meshes[1].hasMaterial);
-    EXPECT_FLOAT_EQ(meshes[1].translation[0], 7.0f);
-}
-
 TEST(SceneLoader, CorruptCountsStayInsideTheFile) {
     testsupport::TempDir dir;
 
@@ -125,20 +110,6 @@ TEST(SceneLoader, TrianglesNamingMissingVerticesAreDropped) {
     ASSERT_EQ(meshes.size(), 1u);
     EXPECT_EQ(meshes[0].polygonCount, 4);
     EXPECT_EQ(meshes[0].indices, (std::vector<unsigned int>{0, 1, 2, 2, 2, 2}));
-}
-
-TEST(SceneLoader, UndrawableLayoutsAreRecognised) {
-    QLNMeshData mesh;
-    mesh.vertexSize = 3;
-    EXPECT_TRUE(mesh.hasDrawableLayout());
-    mesh.vertexSize = 1;  // GL wants 2 to 4 position floats
-    EXPECT_FALSE(mesh.hasDrawableLayout());
-    mesh.vertexSize = 4;
-    mesh.normalSize = 2;  // normals are always three floats
-    EXPECT_FALSE(mesh.hasDrawableLayout());
-    mesh.normalSize = 3;
-    mesh.uvSize = 5;
-    EXPECT_FALSE(mesh.hasDrawableLayout());
 }
 
 TEST(SceneLoader, EmptyAndMissingFiles) {

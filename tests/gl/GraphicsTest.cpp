@@ -1,0 +1,102 @@
+// Shader programs and textures as the effects use them, checked on the picture they draw.
+#include <memory>
+
+#include "demosys/GLExtensions.h"
+#include "demosys/Shader.h"
+#include "demosys/Texture.h"
+#include "support/GLHarness.h"
+#include "support/TestSupport.h"
+
+namespace {
+
+using gl::Rgb;
+
+void fullQuad() {
+    glBegin(GL_QUADS);
+    glTexCoord2f(0, 0), glVertex2f(-1, -1);
+    glTexCoord2f(1, 0), glVertex2f(1, -1);
+    glTexCoord2f(1, 1), glVertex2f(1, 1);
+    glTexCoord2f(0, 1), glVertex2f(-1, 1);
+    glEnd();
+}
+
+std::unique_ptr<Texture> texture(int w, int h, std::vector<uint8_t> rgba) {
+    return std::unique_ptr<Texture>(new Texture(w, h, GL_RGBA, rgba.data()));
+}
+
+class Graphics : public GLTest {};
+
+TEST_F(Graphics, AShaderDrawsWithEveryKindOfUniformAndTwoTextureUnits) {
+    Shader shader;
+    ASSERT_TRUE(shader.setVertexSource("void main() { gl_TexCoord[0] = gl_MultiTexCoord0; gl_Position = gl_Vertex; }"));
+    ASSERT_TRUE(shader.setFragmentSource(
+        "uniform vec2 a; uniform vec3 b; uniform vec4 c; uniform float level; uniform float unused;\n"
+        "uniform sampler2D first; uniform sampler2D second;\n"
+        "void main() { vec4 t = texture2D(first, gl_TexCoord[0].st) + texture2D(second, gl_TexCoord[0].st);\n"
+        "  gl_FragColor = vec4(a.x, b.y, c.z, 1.0) * level + t; }"));
+    ASSERT_TRUE(shader.link()) << shader.getErrorMessage();
+    auto red = texture(1, 1, {100, 0, 0, 255});
+    auto blue = texture(1, 1, {0, 0, 50, 255});
+    shader.use();
+    shader.setUniform2f("a", 0.5f, 0);
+    shader.setUniform3f("b", 0, 0.5f, 0);
+    shader.setUniform4f("c", 0, 0, 0.25f, 0);
+    shader.setUniform1i("level", 1);
+    shader.setTextureUnit0("first", red.get());
+    shader.setTextureUnit1("second", blue.get());
+    fullQuad();
+    EXPECT_TRUE(gl::near(gl::pixelAt(0, 0), Rgb{128 + 100, 128, 64 + 50}));
+    shader.setUniform2fv("a", Vector<float, 2>(0, 0));
+    shader.setUniform3fv("b", Vector<float, 3>(0, 0, 0));
+    shader.setUniform4fv("c", Vector<float, 4>(0, 0, 0, 0));
+    fullQuad();
+    EXPECT_TRUE(gl::near(gl::pixelAt(0, 0), Rgb{100, 0, 50}));
+    EXPECT_EQ(testsupport::captureStdout([&] { shader.setUniform1f("unused", 1.0f); }),
+              "Error: Uniform variable 'unused' not found!\n");
+    shader.release();
+    EXPECT_EQ(gl::integer(GL_CURRENT_PROGRAM), 0);
+    EXPECT_EQ(gl::integer(GL_ACTIVE_TEXTURE), GL_TEXTURE0);
+    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
+}
+
+TEST_F(Graphics, TexturesDrawFullScreenFlippedAndBlended) {
+    // Bottom row red, green; top row blue, transparent white.
+    auto quadrants = texture(2, 2, {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 0});
+    quadrants->setInterpolation(GL_NEAREST);
+    auto corners = [] {
+        return std::array<Rgb, 4>{gl::pixelAt(-0.5f, -0.5f), gl::pixelAt(0.5f, -0.5f), gl::pixelAt(-0.5f, 0.5f),
+                                  gl::pixelAt(0.5f, 0.5f)};
+    };
+    const Rgb red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, white{255, 255, 255}, grey{128, 128, 128};
+    quadrants->bind();
+    quadrants->drawQuadFS();
+    EXPECT_EQ(corners(), (std::array<Rgb, 4>{red, green, blue, white}));
+    quadrants->drawQuadFS_Flip();
+    EXPECT_EQ(corners(), (std::array<Rgb, 4>{blue, white, red, green}));
+    glClearColor(0.5f, 0.5f, 0.5f, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    quadrants->drawQuadBlendFS(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    EXPECT_EQ(corners(), (std::array<Rgb, 4>{blue, grey, red, green})) << "the transparent texel is left out";
+    EXPECT_TRUE(glIsEnabled(GL_ALPHA_TEST)) << "left on for later effects";
+
+    gl::reset();
+    std::vector<uint8_t> bgra = {255, 0, 0, 255, 255, 0, 0, 255, 255, 0, 0, 255, 255, 0, 0, 255};
+    quadrants->updateTexture(2, 2, GL_BGRA, bgra.data());
+    quadrants->bind();
+    quadrants->drawQuadFS();
+    EXPECT_EQ(corners()[3], blue) << "new storage in the given pixel order";
+    quadrants->release();
+    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
+}
+
+TEST_F(Graphics, TheCapabilityCheckNamesWhatIsMissing) {
+    GLExtensions extensions;
+    extensions.addToChecklist("GL_EXT_framebuffer_object");
+    EXPECT_TRUE(extensions.isSupported());
+    extensions.addToChecklist("GL_QLN_no_such_thing");
+    EXPECT_FALSE(extensions.isSupported());
+    EXPECT_EQ(extensions.getErrorMessage(),
+              "Error: Your OpenGL implementation is missing the following extensions :\n - GL_QLN_no_such_thing\n");
+}
+
+}  // namespace
