@@ -1,7 +1,9 @@
 // Shader programs and textures as the effects use them, checked on the picture they draw.
 #include <memory>
 
+#include "demosys/Animation.h"
 #include "demosys/GLExtensions.h"
+#include "demosys/Keyframe.h"
 #include "demosys/Lightsource.h"
 #include "demosys/Shader.h"
 #include "demosys/Texture.h"
@@ -146,6 +148,22 @@ TEST_F(Graphics, MaterialColoursAndTheLightsOwnShowInTheLitPicture) {
     light.disable();
     EXPECT_FALSE(glIsEnabled(GL_LIGHTING) || glIsEnabled(GL_LIGHT0));
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, globalDefault);
+}
+
+TEST_F(Graphics, AnimationPathsDrawThroughTheirKeyframes) {
+    Animation path;
+    for (float x : {-0.9f, -0.3f, 0.3f, 0.9f}) path.addKeyframe(new Keyframe(Vector<float, 3>(x, 0, 0), 0, 0));
+    const Rgb white{255, 255, 255}, black{0, 0, 0};
+    glLineWidth(3);
+    path.draw();
+    EXPECT_EQ(gl::pixelAt(-0.6f, 0), white);
+    EXPECT_EQ(gl::pixelAt(0.6f, 0), white);
+    glClear(GL_COLOR_BUFFER_BIT);
+    path.drawCatmul();  // only the stretch between the middle two keyframes
+    EXPECT_EQ(gl::pixelAt(0, 0), white);
+    EXPECT_EQ(gl::pixelAt(-0.6f, 0), black);
+    EXPECT_EQ(gl::pixelAt(0.6f, 0), black);
+    glLineWidth(1);
 }
 
 TEST_F(Graphics, TheCapabilityCheckNamesWhatIsMissing) {
