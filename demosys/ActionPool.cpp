@@ -20,6 +20,8 @@ static void reportRemoveError(const std::string& name) {
     std::cout << "ERROR: ActionPool - error removing '" << name << "' from ActonPool" << std::endl;
 }
 
+bool ActionPool::isRunning(const std::string& name) const { return aliasTable.count(name) != 0; }
+
 bool ActionPool::removeEffect(std::string name) {
     auto alias = aliasTable.find(name);
     if (alias == aliasTable.end()) {

@@ -13,6 +13,8 @@ public:
     bool removeEffect(std::string name);
     void removeAll();
     int countEffects();
+    // Whether an instance of that name has been started and not stopped since.
+    bool isRunning(const std::string& name) const;
     void execute(unsigned int time);
     std::string toString();
 

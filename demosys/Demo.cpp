@@ -11,6 +11,7 @@
 #include "demosys/QLNDemosys.h"
 #include "demosys/ResourceLoader.h"
 #include "demosys/ScreenMetrics.h"
+#include "demosys/SyncPlayer.h"
 #include "demosys/Timeline.h"
 
 using std::cout;
@@ -134,6 +135,7 @@ void Demo::run() {
         keyEvents();
         if (frameStartHook) frameStartHook();
         QLNDemosys::timeline->watch();
+        if (QLNDemosys::sync) QLNDemosys::sync->update(QLNDemosys::getMillisecondsElapsed());
         if (QLNDemosys::cameraActive) {
             Camera& camera = QLNDemosys::camera;
             if (pitchUp) camera.changePitch(cameraSpeed);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "demosys/ScriptLines.h"
+#include "demosys/SyncBinding.h"
 
 class Parameters;
 class ParameterGroup;
@@ -43,6 +44,8 @@ public:
     void addParameterGroup(std::string name, Parameters* parameters);
     ScriptDefaults* getScriptDefaults();
     std::string getTimelineText();
+    // The timeline's sync lines, checked against the definitions, in script order.
+    const std::vector<SyncBinding>& getSyncBindings() const;
 
     bool isValid();
     std::string getErrorMessage();
@@ -91,6 +94,7 @@ private:
                         const std::string& className, const std::string& method, ParameterGroup* arguments,
                         int count);
     bool readPlainDeclaration(Timeline* timeline, const std::string& declaration);
+    bool readSyncCall(const std::string& object, ParameterGroup* arguments, int count);
 
     std::string fileName;
     std::string timelineText;
@@ -102,6 +106,7 @@ private:
     bool valid;
     bool doParseDefaults;
     bool debug;
+    std::vector<SyncBinding> syncBindings;
 
     ScriptLines lines;
     std::size_t markBegin = 0, markEnd = 0;

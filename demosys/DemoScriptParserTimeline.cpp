@@ -83,6 +83,7 @@ bool DemoScriptParser::readCall(Timeline* timeline, DataEventPool* templates, co
     }
     if (debug) std::cout << "object = '" << object << "' method = '" << method << "' params = " << logged << std::endl;
 
+    if (method == "sync") return readSyncCall(object, arguments.get(), count);
     if (templates == nullptr || !templates->exist(method)) {
         ParameterGroup* instance = effects->getGroup(object);
         std::string className = ParameterReader::text(instance, "class");

@@ -27,6 +27,7 @@ DataShaderPool* QLNDemosys::shaderPool = nullptr;
 DataFBOPool* QLNDemosys::fboPool = nullptr;
 Timeline* QLNDemosys::timeline = nullptr;
 ActionPool* QLNDemosys::action = nullptr;
+SyncPlayer* QLNDemosys::sync = nullptr;
 
 Camera QLNDemosys::camera;
 Lightsource QLNDemosys::light;

@@ -20,6 +20,7 @@ class DataBinaryPool;
 class DataShaderPool;
 class DataFBOPool;
 class Timeline;
+class SyncPlayer;
 class ActionPool;
 class ScreenMetrics;
 class ProgressBar;
@@ -46,6 +47,7 @@ public:
     static DataFBOPool* fboPool;
     static Timeline* timeline;
     static ActionPool* action;
+    static SyncPlayer* sync;  // null unless the script has a sync block
 
     static Camera camera;
     static Lightsource light;

@@ -29,6 +29,9 @@
 #include "demosys/QLNDemosys.h"
 #include "demosys/QLNTime.h"
 #include "demosys/ScreenMetrics.h"
+#include "demosys/SyncPlayer.h"
+#include "demosys/SyncTrack.h"
+#include "demosys/SyncTrackFile.h"
 #include "demosys/Timeline.h"
 #include "qlnutils/QLNUtils.h"
 
@@ -212,11 +215,36 @@ bool ResourceLoader::createTimeline() {
         cout << "[Parsing timeline - DONE]" << endl;
         QLNDemosys::timeline->init();
         cout << "[Timeline init]" << endl;
+        if (!loadSync(*parser)) return false;
         tick();
         return true;
     }
     errorMessage = parser->getErrorMessage();
     return false;
+}
+
+// A script with a sync block reads its tracks here, once the timeline has named them.
+// Like a timeline error, a failure is reported without clearing the valid flag.
+bool ResourceLoader::loadSync(DemoScriptParser& from) {
+    ParameterGroup* block = systemGroup("sync");
+    if (block == nullptr) return true;
+    cout << "[Loading sync tracks]" << endl;
+    SyncPlayer* player = SyncPlayer::create(block, errorMessage);
+    if (player == nullptr) return false;
+    for (const SyncBinding& binding : from.getSyncBindings())
+        player->bind(binding, QLNDemosys::effectPool->getEffect(binding.object));
+    if (!player->loadTracks(errorMessage)) {
+        delete player;
+        return false;
+    }
+    for (size_t i = 0; i < player->countTracks(); ++i) {
+        SyncTrack* track = player->getTrack(i);
+        cout << "-> " << SyncTrackFile::fileName(player->getPrefix(), track->getName()) << " ("
+             << track->getKeys().size() << " keys)" << endl;
+    }
+    delete QLNDemosys::sync;
+    QLNDemosys::sync = player;
+    return true;
 }
 
 bool ResourceLoader::initDemo() {
@@ -253,7 +281,8 @@ bool ResourceLoader::reload() {
     if (fresh->isValid()) {
         cout << "Parsing timeline..." << endl;
         timeline = fresh->parseTimeline();
-        if (fresh->isValid()) {
+        // The sync lines come with the timeline; their tracks are read again from the files.
+        if (fresh->isValid() && loadSync(*fresh)) {
             timeline->init();
             if (QLNDemosys::timeline) timeline->setOffset(QLNDemosys::timeline->getOffset());
             delete QLNDemosys::timeline;
@@ -266,7 +295,7 @@ bool ResourceLoader::reload() {
             return true;
         }
     }
-    errorMessage = fresh->getErrorMessage();
+    if (!fresh->isValid()) errorMessage = fresh->getErrorMessage();
     delete timeline;
     deleteCollections(fresh);
     delete fresh;
@@ -323,6 +352,7 @@ bool ResourceLoader::dispose() {
     QLNDemosys::binaryPool = nullptr;
     QLNDemosys::shaderPool = nullptr;
     QLNDemosys::fboPool = nullptr;
+    deleteStatic(QLNDemosys::sync, "delete QLNDemosys::sync");
     deleteStatic(QLNDemosys::timeline, "delete QLNDemosys::timeline");
     deleteStatic(QLNDemosys::action, "delete QLNDemosys::action");
     deleteStatic(QLNDemosys::glExtensions, "delete QLNDemosys::glExtensions");

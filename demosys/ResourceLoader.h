@@ -33,6 +33,7 @@ public:
 
 private:
     bool fail(const std::string& message);
+    bool loadSync(DemoScriptParser& from);
     static void deleteCollections(DemoScriptParser* from);
     void tick();
     // A group of the system parameters, or null; a path of the "paths" group, or "".

@@ -5,6 +5,7 @@
 #include "demosys/Parameters.h"
 #include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
+#include "demosys/SyncPlayer.h"
 #include "demosys/Timeline.h"
 
 EngineState EngineState::current() {
@@ -22,6 +23,7 @@ EngineState EngineState::current() {
     s.shaderPool = QLNDemosys::shaderPool;
     s.fboPool = QLNDemosys::fboPool;
     s.timeline = QLNDemosys::timeline;
+    s.sync = QLNDemosys::sync;
     s.action = QLNDemosys::action;
     s.pBar = QLNDemosys::pBar;
     return s;
@@ -41,6 +43,7 @@ void EngineState::install() const {
     QLNDemosys::shaderPool = shaderPool;
     QLNDemosys::fboPool = fboPool;
     QLNDemosys::timeline = timeline;
+    QLNDemosys::sync = sync;
     QLNDemosys::action = action;
     QLNDemosys::pBar = pBar;
 }
@@ -48,6 +51,8 @@ void EngineState::install() const {
 void EngineState::release() const {
     // Installed first: resources may look at the shared state while they are freed.
     install();
+    delete sync;
+    QLNDemosys::sync = nullptr;
     delete timeline;
     QLNDemosys::timeline = nullptr;
     delete action;

@@ -25,6 +25,7 @@ public:
     DataShaderPool* shaderPool = nullptr;
     DataFBOPool* fboPool = nullptr;
     Timeline* timeline = nullptr;
+    SyncPlayer* sync = nullptr;
     ActionPool* action = nullptr;
     ProgressBar* pBar = nullptr;
 };

@@ -19,6 +19,8 @@
 #include "demosys/QLNTime.h"
 #include "demosys/Overlay.h"
 #include "demosys/ScreenMetrics.h"
+#include "demosys/SyncEditorClient.h"
+#include "demosys/SyncPlayer.h"
 #include "demosys/Timeline.h"
 #include "qlnutils/QLNUtils.h"
 #include "qlnutils/StringUtils.h"
@@ -57,6 +59,8 @@ string oneLine(string text) {
 Workbench::Workbench(Demo& demo, const WorkbenchOptions& options)
     : demo(demo), options(options), live(demo, demo.getScriptPath()), overlayOn(options.overlay),
       loopStart(options.loopStart), loopEnd(options.loopEnd) {}
+
+Workbench::~Workbench() = default;
 
 unsigned int Workbench::now() const { return QLNDemosys::getMillisecondsElapsed(); }
 
@@ -167,6 +171,7 @@ void Workbench::frameStart() {
         std::vector<string> changed = live.changedFiles(true);
         if (!changed.empty()) reload(changed);
     }
+    if (options.sync) followEditor();
     if (options.control) {
         for (const string& line : input.poll()) queued.push_back(line);
         // Answers keep the order of the lines: a shot holds the rest back until it is written.
@@ -176,6 +181,22 @@ void Workbench::frameStart() {
             if (!answer.empty()) std::cout << answer << std::endl;
         }
     }
+}
+
+// A rebuild brings new tracks: a new link asks the editor for them again.
+void Workbench::followEditor() {
+    SyncPlayer* tracks = QLNDemosys::sync;
+    if (tracks == nullptr) return;
+    if (!editor || editorTracks != tracks) {
+        string host;
+        unsigned short port;
+        SyncEditorClient::parseAddress(options.syncAddress, host, port);
+        editor = std::make_unique<SyncEditorClient>(*tracks, host, port);
+        editorTracks = tracks;
+        editor->onSeek = [this](unsigned int row) { seek(QLNDemosys::sync->getMilliseconds(row)); };
+        editor->onPause = [this](bool on) { pause(on); };
+    }
+    editor->update(QLNDemosys::getTicks(), tracks->getRow(now()), !paused);
 }
 
 string Workbench::command(const string& line) {
@@ -265,6 +286,9 @@ std::vector<string> Workbench::overlayLines() const {
     } else {
         lines.push_back("no beat grid: seconds");
     }
+    if (QLNDemosys::sync)
+        lines.push_back("sync row " + std::to_string(static_cast<long long>(QLNDemosys::sync->getRow(now()))) +
+                        (!options.sync ? "" : editor && editor->isConnected() ? "  editor connected" : "  no editor"));
     if (loopStart >= 0 || loopEnd >= 0)
         lines.push_back("loop " + (loopStart >= 0 ? clockText(loopStart) : string("--:--:---")) + "-" +
                         (loopEnd >= 0 ? clockText(loopEnd) : string("--:--:---")));

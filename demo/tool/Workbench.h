@@ -5,6 +5,7 @@
 #include <SDL/SDL.h>
 
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,13 @@
 #include "demo/tool/WorkbenchOptions.h"
 
 class Demo;
+class SyncEditorClient;
+class SyncPlayer;
 
 class Workbench {
 public:
     Workbench(Demo& demo, const WorkbenchOptions& options);
+    ~Workbench();
     // Hooks for the driver's frame loop.
     void frameStart();
     void event(const SDL_Event& event);
@@ -33,6 +37,7 @@ private:
     bool jumpCheckpoint(int direction);
     std::string reload(std::vector<std::string> changed);
     std::vector<std::string> overlayLines() const;
+    void followEditor();
     bool writeShot(const std::string& file) const;
 
     Demo& demo;
@@ -51,4 +56,6 @@ private:
     unsigned int lastPoll = 0;
     unsigned int fpsSince = 0, fpsFrames = 0;
     float fps = 0;
+    std::unique_ptr<SyncEditorClient> editor;
+    SyncPlayer* editorTracks = nullptr;  // the tracks the editor link asked for
 };

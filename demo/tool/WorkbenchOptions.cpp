@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "demosys/QLNTime.h"
+#include "demosys/SyncEditorClient.h"
 #include "qlnutils/StringUtils.h"
 
 long long WorkbenchOptions::parseTime(const std::string& text) {
@@ -31,6 +32,7 @@ std::string WorkbenchOptions::usage() {
            "  --loop mm:ss:mmm-mm:ss:mmm  play this range over and over\n"
            "  --bpm N                  beat grid for seeking (default: the script's, else seconds)\n"
            "  --control                read commands from standard input, one per line\n"
+           "  --sync [host:port]       edit the sync tracks live in a sync editor (default 127.0.0.1:1338)\n"
            "  --no-overlay             start with the overlay hidden (O shows it)\n"
            "  --help                   this text\n";
 }
@@ -45,6 +47,16 @@ bool WorkbenchOptions::parse(int argc, char** argv, std::string& error) {
             help = true;
         } else if (arg == "--control") {
             control = true;
+        } else if (arg == "--sync") {
+            sync = true;
+            // The address is optional: a following word with a colon is one, anything else is not.
+            if (hasValue && value.find(':') != std::string::npos && value[0] != '-') syncAddress = argv[++i];
+            std::string host;
+            unsigned short port;
+            if (!SyncEditorClient::parseAddress(syncAddress, host, port)) {
+                error = "--sync takes host:port, not '" + syncAddress + "'";
+                return false;
+            }
         } else if (arg == "--no-overlay") {
             overlay = false;
         } else if (arg == "--start" || arg == "--checkpoint" || arg == "--loop" || arg == "--bpm") {

@@ -11,6 +11,8 @@ struct WorkbenchOptions {
     bool control = false;          // take commands on standard input
     bool overlay = true;
     bool help = false;
+    bool sync = false;             // link to a sync editor
+    std::string syncAddress;       // "host:port", "" = 127.0.0.1:1338
 
     bool parse(int argc, char** argv, std::string& error);
     static std::string usage();

@@ -3,6 +3,8 @@ control lines and by real key presses, and checks the frames it shows."""
 import os
 import queue
 import shutil
+import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -258,6 +260,38 @@ def keys(work, display):
     bench.finish("Escape")
 
 
+def sync_editor(work, display):
+    """A scripted sync editor: greeting, track requests, keys, seek, pause, save, hang-up."""
+    path = os.path.join(work, "resources", "scripts", "wb.txt")
+    text = open(path).read().replace("timeline {", "sync { bpm = 120.0; rpb = 4; tracks = tracks; }\ntimeline {")
+    open(path, "w").write(text.replace("late.start(00:03:000, 95);", "late.start(00:03:000, 95);\n"
+                                       "    late.sync(00:00:000, setPosition, a, b, c);"))
+    for name in "abc":
+        open(os.path.join(work, "tracks_%s.track" % name), "wb").write(struct.pack("<i", 0))
+    editor = socket.create_server(("127.0.0.1", 0))
+    editor.settimeout(30)
+    bench = Workbench(work, display, "--no-overlay", "--sync", "127.0.0.1:%d" % editor.getsockname()[1])
+    link = editor.accept()[0]
+    link.settimeout(30)
+    check(link.recv(19) == b"hello, synctracker!", "the workbench greets the editor")
+    link.sendall(b"hello, demo!")
+    link.sendall(b"\4\1\3" + struct.pack(">I", 28))  # pause, then row 28: 3.5 s at 8 rows a second
+    for _ in range(50):
+        if bench.time() == (3500, "paused"):
+            break
+        time.sleep(0.1)
+    check(bench.time() == (3500, "paused"), "the editor pauses and seeks the workbench")
+    keyless = bench.shot(work, "keyless")
+    link.sendall(b"\0" + struct.pack(">IIfB", 2, 0, -2.0, 0) + b"\0" + struct.pack(">IIfB", 0, 0, 0.5, 1) + b"\5")
+    time.sleep(0.5)
+    check(bench.shot(work, "keyed") != keyless, "the editor's keys move the picture")
+    check(open(os.path.join(work, "tracks_a.track"), "rb").read() == struct.pack("<iifb", 1, 0, 0.5, 1), "saved")
+    link.close()
+    bench.ask("time")
+    bench.ask("quit")
+    bench.finish("a vanished sync editor")
+
+
 def main():
     work = tempfile.mkdtemp(prefix="qlnworkbench-")
     xvfb = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24", "-nolisten", "tcp", "-noreset"],
@@ -272,6 +306,8 @@ def main():
         control_lines(work, display)
         write_script(work)
         keys(work, display)
+        write_script(work)
+        sync_editor(work, display)
     finally:
         xvfb.terminate()
         shutil.rmtree(work, ignore_errors=True)

@@ -4,6 +4,7 @@
 #include "demosys/DataEffectPool.h"
 #include "demosys/ProgressBar.h"
 #include "demosys/QLNDemosys.h"
+#include "demosys/SyncPlayer.h"
 #include "demosys/Timeline.h"
 #include "support/TestSupport.h"
 
@@ -41,6 +42,7 @@ void Engine::frame(unsigned int ticks) {
     log += testsupport::captureStdout([ticks] {
         QLNDemosys::updateTime(ticks);
         QLNDemosys::timeline->watch();
+        if (QLNDemosys::sync) QLNDemosys::sync->update(QLNDemosys::getMillisecondsElapsed());
         QLNDemosys::action->execute(QLNDemosys::getMillisecondsElapsed());
     });
 }
