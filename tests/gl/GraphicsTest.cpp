@@ -134,7 +134,7 @@ TEST_F(Graphics, MaterialColoursAndTheLightsOwnShowInTheLitPicture) {
     EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 0, 104}));
     m.setDiffuse(0, 0, 0)->setSpecular(Vector<float, 4>(0.5f, 0.5f, 0.5f, 1));
     EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{79, 79, 79})) << "shininess 10";
-    // Off the highlight's centre, the shinier the material the darker.
+    // The corners lie off the highlight: the shinier the material, the darker they are.
     const int broad = litPixel(*m.setShinyness(1), light)[0];
     const int narrow = litPixel(*m.setShinyness(128), light)[0];
     EXPECT_GT(broad, 100);
