@@ -64,4 +64,22 @@ TEST_F(FrameBufferStack, AReleaseOutOfOrderIsReportedAndChangesNothing) {
     QLNDemosys::system_error = false;
 }
 
+TEST_F(FrameBufferStack, TooDeepAStackIsReportedAndAnIncompleteTargetNeverBinds) {
+    std::string log = testsupport::captureStdout([&] {
+        for (int i = 0; i < 17; i++) inner->bind();
+    });
+    EXPECT_EQ(log, "FBO: Overflow? 17 in stack\n");
+    EXPECT_TRUE(QLNDemosys::system_error);
+    for (int i = 0; i < 17; i++) inner->release();
+    EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
+    QLNDemosys::system_error = false;
+
+    std::unique_ptr<FrameBufferObject> empty;
+    log = testsupport::captureStdout([&] { empty.reset(new FrameBufferObject(0, 0, false, false)); });
+    EXPECT_FALSE(empty->isValid());
+    EXPECT_EQ(log.substr(0, 4), "FBO ") << log;
+    empty->bind();
+    EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
+}
+
 }  // namespace
