@@ -20,8 +20,13 @@ protected:
         glClearColor(r, g, b, 1);
         glClear(GL_COLOR_BUFFER_BIT);
     }
-    std::unique_ptr<FrameBufferObject> outer{new FrameBufferObject(64, 64, true, false)};
-    std::unique_ptr<FrameBufferObject> inner{new FrameBufferObject(32, 16, false, false)};
+    // Made once the harness has a window: framebuffers need its context.
+    void SetUp() override {
+        GLTest::SetUp();
+        outer.reset(new FrameBufferObject(64, 64, true, false));
+        inner.reset(new FrameBufferObject(32, 16, false, false));
+    }
+    std::unique_ptr<FrameBufferObject> outer, inner;
 };
 
 TEST_F(FrameBufferStack, NestedBindsRestoreTheOuterTargetThenTheScreen) {
