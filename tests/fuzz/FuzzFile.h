@@ -9,15 +9,17 @@
 #include <filesystem>
 #include <string>
 
+// The path lives on the heap, never freed: the exit handler that removes the folder runs
+// after static destructors would have freed it.
 inline const std::string& fuzzDir() {
-    static const std::string dir = [] {
+    static const std::string* dir = [] {
         std::string pattern = std::filesystem::is_directory("/dev/shm") ? "/dev/shm" : "/tmp";
         pattern += "/qln-fuzz-XXXXXX";
         if (!mkdtemp(&pattern[0])) std::abort();
         std::atexit([] { std::filesystem::remove_all(fuzzDir()); });
-        return pattern;
+        return new std::string(pattern);
     }();
-    return dir;
+    return *dir;
 }
 
 // Writes the bytes to the named file of the scratch folder; returns its path.

@@ -13,7 +13,10 @@
 #include "support/GLHarness.h"
 #include "support/TestSupport.h"
 #include "unit/ObjectFileBytes.h"
+#include "demosys/QLNObject.h"
 #include "demosys/QLNScene.h"
+#include "demosys/QLNSceneTree.h"
+#include "demosys/Texture.h"
 
 namespace {
 
@@ -88,6 +91,41 @@ TEST_F(DataFiles, EveryBlockLoadsIntoItsPool) {
     gl::Rgb plain = gl::pixelAt(-0.5f, 0), own = gl::pixelAt(0.5f, 0);
     EXPECT_EQ(plain[0], plain[1]);
     EXPECT_GT(own[0], own[1] + 20);
+
+    // A hidden mesh is left out; the debug box and translation are red lines.
+    QLNScene* pair = QLNDemosys::objectPool->getObject("pair");
+    QLNObject* right = pair->getTree()->getObjectByName("right");
+    ASSERT_NE(right, nullptr);
+    EXPECT_EQ(pair->getTree()->getObjectByName("middle"), nullptr);
+    right->setVisible(false);
+    glClear(GL_COLOR_BUFFER_BIT);
+    pair->draw();
+    EXPECT_EQ(gl::pixelAt(0.5f, 0), (gl::Rgb{0, 0, 0}));
+    EXPECT_NE(gl::pixelAt(-0.5f, 0), (gl::Rgb{0, 0, 0}));
+    gl::reset();
+    right->setBBoxMin(Vector<float, 3>(-0.5f, -0.5f, 0));
+    right->setBBoxMax(Vector<float, 3>(0.5f, 0.5f, 0));
+    right->drawBBox();
+    for (auto [x, y] : {std::pair{-0.5f, 0.0f}, {0.5f, 0.0f}, {0.0f, -0.5f}, {0.0f, 0.5f}})
+        EXPECT_EQ(gl::pixelAt(x, y), (gl::Rgb{255, 0, 0})) << x << "," << y;
+    EXPECT_EQ(gl::pixelAt(0, 0), (gl::Rgb{0, 0, 0}));
+    gl::reset();
+    right->setTranslation(Vector<float, 3>(0, -0.8f, 0));
+    glPushMatrix();
+    right->drawTranslation();
+    EXPECT_EQ(gl::pixelAt(0, -0.4f), (gl::Rgb{255, 0, 0}));
+    EXPECT_EQ(gl::integer(GL_MODELVIEW_STACK_DEPTH), 1) << "the caller's matrix is popped";
+    EXPECT_FALSE(glIsEnabled(GL_COLOR_MATERIAL));
+
+    // The texture pool finds a texture by its file, counts the files' bytes.
+    Texture* red = QLNDemosys::texturePool->getTexture("again");
+    EXPECT_EQ(QLNDemosys::texturePool->getTextureIDbyFilename(red->getFilename()), red->getID());
+    EXPECT_EQ(QLNDemosys::texturePool->getTexVector().size(), 3u);
+    const std::string pool = QLNDemosys::texturePool->toString();
+    const size_t files = testsupport::readFile(dir.file("red.png")).size() +
+                         testsupport::readFile(dir.file("green.png")).size() +
+                         testsupport::readFile(dir.file("line.png")).size();
+    EXPECT_NE(pool.find(" - " + std::to_string(files) + " bytes"), std::string::npos) << pool;
 }
 
 TEST_F(DataFiles, EachWrongEntryStopsLoadingWithItsMessage) {

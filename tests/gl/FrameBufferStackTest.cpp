@@ -20,8 +20,13 @@ protected:
         glClearColor(r, g, b, 1);
         glClear(GL_COLOR_BUFFER_BIT);
     }
-    std::unique_ptr<FrameBufferObject> outer{new FrameBufferObject(64, 64, true, false)};
-    std::unique_ptr<FrameBufferObject> inner{new FrameBufferObject(32, 16, false, false)};
+    // Made once the harness has a window: framebuffers need its context.
+    void SetUp() override {
+        GLTest::SetUp();
+        outer.reset(new FrameBufferObject(64, 64, true, false));
+        inner.reset(new FrameBufferObject(32, 16, false, false));
+    }
+    std::unique_ptr<FrameBufferObject> outer, inner;
 };
 
 TEST_F(FrameBufferStack, NestedBindsRestoreTheOuterTargetThenTheScreen) {
@@ -62,6 +67,24 @@ TEST_F(FrameBufferStack, AReleaseOutOfOrderIsReportedAndChangesNothing) {
               "FBO : *** STACK ERROR : Stack is already empty. Possible underflow ***\n");
     EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
     QLNDemosys::system_error = false;
+}
+
+TEST_F(FrameBufferStack, TooDeepAStackIsReportedAndAnIncompleteTargetNeverBinds) {
+    std::string log = testsupport::captureStdout([&] {
+        for (int i = 0; i < 17; i++) inner->bind();
+    });
+    EXPECT_EQ(log, "FBO: Overflow? 17 in stack\n");
+    EXPECT_TRUE(QLNDemosys::system_error);
+    for (int i = 0; i < 17; i++) inner->release();
+    EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
+    QLNDemosys::system_error = false;
+
+    std::unique_ptr<FrameBufferObject> empty;
+    log = testsupport::captureStdout([&] { empty.reset(new FrameBufferObject(0, 0, false, false)); });
+    EXPECT_FALSE(empty->isValid());
+    EXPECT_EQ(log.substr(0, 4), "FBO ") << log;
+    empty->bind();
+    EXPECT_EQ(gl::integer(GL_FRAMEBUFFER_BINDING_EXT), 0);
 }
 
 }  // namespace

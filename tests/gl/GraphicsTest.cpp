@@ -1,7 +1,10 @@
 // Shader programs and textures as the effects use them, checked on the picture they draw.
 #include <memory>
 
+#include "demosys/Animation.h"
 #include "demosys/GLExtensions.h"
+#include "demosys/Keyframe.h"
+#include "demosys/Lightsource.h"
 #include "demosys/Shader.h"
 #include "demosys/Texture.h"
 #include "support/GLHarness.h"
@@ -87,6 +90,80 @@ TEST_F(Graphics, TexturesDrawFullScreenFlippedAndBlended) {
     EXPECT_EQ(corners()[3], blue) << "new storage in the given pixel order";
     quadrants->release();
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
+}
+
+// A square facing the light at (0, 0, 2), lit with no global ambient: each material colour
+// shows on its own, multiplied by the light's.
+Rgb litPixel(const Material& material, Lightsource& light) {
+    glClear(GL_COLOR_BUFFER_BIT);
+    light.update();
+    material.drawMaterial();
+    glNormal3f(0, 0, 1);
+    fullQuad();
+    return gl::pixelAt(0, 0);
+}
+
+TEST_F(Graphics, MaterialColoursAndTheLightsOwnShowInTheLitPicture) {
+    const float none[4] = {0, 0, 0, 1}, white[4] = {1, 1, 1, 1}, globalDefault[4] = {0.2f, 0.2f, 0.2f, 1};
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, none);
+    glLightfv(GL_LIGHT0, GL_SPECULAR, white);
+    Lightsource light;
+    light.setPos(0, 0, 2);
+    light.getMaterial()->setAmbience(0.5f, 0.5f, 0.5f)->setDiffuse(Vector<float, 4>(0.5f, 0.5f, 0.5f, 1));
+    light.enable();
+    Material m;
+    m.setAmbience(0, 0, 0, 1)->setDiffuse(Vector<float, 4>(0, 0, 0, 1))->setSpecular(0, 0, 0, 1)->setEmissive(0, 0, 0, 1);
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 0, 0}));
+    m.setEmissive(Vector<float, 4>(0.25f, 0, 0, 1));
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{64, 0, 0}));
+    m.setEmissive(0, 0, 0)->setAmbience(Vector<float, 4>(0, 0.5f, 0, 1));
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 64, 0}));
+
+    // Copies own their material: darkening one leaves the others lit.
+    Lightsource dark(light), assigned;
+    dark.getMaterial()->setAmbience(0, 0, 0);
+    EXPECT_TRUE(gl::near(litPixel(m, dark), Rgb{0, 0, 0}));
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 64, 0}));
+    assigned = dark;
+    assigned = light;
+    dark.getMaterial()->setAmbience(1, 1, 1);
+    EXPECT_TRUE(gl::near(litPixel(m, assigned), Rgb{0, 64, 0}));
+
+    // Lit at the corners, which see the light at cos 2/sqrt(6), and shaded in between.
+    m.setAmbience(0, 0, 0)->setDiffuse(0, 0, 1);
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 0, 104}));
+    m.setDiffuse(0, 0, 0)->setSpecular(Vector<float, 4>(0.5f, 0.5f, 0.5f, 1));
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{79, 79, 79})) << "shininess 10";
+    // The corners lie off the highlight: the shinier the material, the darker they are.
+    const int broad = litPixel(*m.setShinyness(1), light)[0];
+    const int narrow = litPixel(*m.setShinyness(128), light)[0];
+    EXPECT_GT(broad, 100);
+    EXPECT_LT(narrow, 10);
+
+    // The three-float form keeps the alpha, which blends the lit colour.
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    m.setSpecular(0, 0, 0)->setDiffuse(1, 1, 1, 0.5f)->setDiffuse(0, 0, 1);
+    EXPECT_TRUE(gl::near(litPixel(m, light), Rgb{0, 0, 52}));
+    light.disable();
+    EXPECT_FALSE(glIsEnabled(GL_LIGHTING) || glIsEnabled(GL_LIGHT0));
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, globalDefault);
+}
+
+TEST_F(Graphics, AnimationPathsDrawThroughTheirKeyframes) {
+    Animation path;
+    for (float x : {-0.9f, -0.3f, 0.3f, 0.9f}) path.addKeyframe(new Keyframe(Vector<float, 3>(x, 0, 0), 0, 0));
+    const Rgb white{255, 255, 255}, black{0, 0, 0};
+    glLineWidth(3);
+    path.draw();
+    EXPECT_EQ(gl::pixelAt(-0.6f, 0), white);
+    EXPECT_EQ(gl::pixelAt(0.6f, 0), white);
+    glClear(GL_COLOR_BUFFER_BIT);
+    path.drawCatmul();  // only the stretch between the middle two keyframes
+    EXPECT_EQ(gl::pixelAt(0, 0), white);
+    EXPECT_EQ(gl::pixelAt(-0.6f, 0), black);
+    EXPECT_EQ(gl::pixelAt(0.6f, 0), black);
+    glLineWidth(1);
 }
 
 TEST_F(Graphics, TheCapabilityCheckNamesWhatIsMissing) {

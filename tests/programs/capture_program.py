@@ -146,9 +146,16 @@ def test_clock(work):
                        (["--frames", "9-3"], b"bad frame range"), (["--from", "00:05:000", "--to", "00:01:000"],
                                                                    b"empty"), (["--from", "1:2"], b"bad time"),
                        (["--chunk", "3/3"], b"bad chunk"), (["--chunk", "0/2", "--frames", "1-2"], b"give one of"),
-                       (["--frames", "500-"], b"no frame before"), (["--out", "/etc/passwd/x"], b"output folder")):
+                       (["--frames", "500-"], b"no frame before"), (["--out", "/etc/passwd/x"], b"output folder"),
+                       (["--out", ""], b"folder name is empty"), (["--png-level", "10"], b"0 to 9"),
+                       (["--bogus"], b"unknown option"), (["other.txt"], b"more than one"), (["--fps"], b"needs a value")):
         r = capture(work, "clock.txt", *args)
         check(r.returncode == 2 and text in r.stderr, "%s is refused with '%s'" % (args, text.decode()))
+    blocked = os.path.join(work, "blocked")
+    os.makedirs(os.path.join(blocked, "frame_000005.png"))
+    r = capture(work, "clock.txt", "--frames", "0-9", "--no-audio", "--out", blocked, "--overwrite")
+    check(r.returncode == 1 and b"cannot write %s/frame_000005.png" % blocked.encode() in r.stderr,
+          "a frame that cannot be written fails the run: %s" % r.stderr.decode()[-300:])
     usage = capture(work, "--help", stdout=subprocess.PIPE).stdout.decode()
     options = re.findall(r"^  (--[a-z-]+)", usage, re.M)
     check(len(options) == 15 and "frame at the stop time is not" in usage.replace("\n", " "), "--help: %s" % options)

@@ -120,8 +120,13 @@ TEST(FileTest, WriteModesTruncateOrAppend) {
         truncating.put(std::string("fresh"));
         EXPECT_TRUE(truncating.write());
         EXPECT_FALSE(truncating.write());  // the stream was closed by the first write
+        // A copy holds what the last write stored, not what was put since.
+        truncating.put(std::string("+late"));
+        EXPECT_TRUE(truncating.writeAs(dir.file("copy.txt")));
+        EXPECT_FALSE(truncating.writeAs(dir.file("no/such/folder.txt")));
     }
     EXPECT_EQ(readFile(path), "fresh");
+    EXPECT_EQ(readFile(dir.file("copy.txt")), "fresh");
 }
 
 }  // namespace
