@@ -130,11 +130,10 @@ void RasterFXEffect::draw(unsigned int time) {
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     glDisable(GL_BLEND);
     glDisable(GL_ALPHA_TEST);
-    glBegin(GL_QUADS);
-    drawGrid();
+    buildGrid();
+    drawCorners();
     rowOffset += frameTime * 0.025f;
     if (rowOffset > 99.0f) rowOffset = 0;
-    glEnd();
 
     endTicks = int(SDL_GetTicks());
     drawTime = float(endTicks - startTicks);
@@ -164,8 +163,10 @@ void RasterFXEffect::drawPictureQuad() {
 // 75 rows of 100 quads from the bottom left; each corner takes its height and grey from
 // one byte of the map, read as rows of 100 bytes from the current row offset. Bytes past
 // the end of a short map read as 0; without a map no grid is drawn.
-void RasterFXEffect::drawGrid() {
+void RasterFXEffect::buildGrid() {
+    corners.clear();
     if (heightMap == nullptr) return;
+    corners.reserve(size_t(kRows) * kColumns * 4);
     gridY = -1.5f;
     textureV = 0;
     for (int row = 0; row < kRows; ++row) {
@@ -174,10 +175,10 @@ void RasterFXEffect::drawGrid() {
         for (int column = 0; column < kColumns; ++column) {
             cellIndex = (int(rowOffset) + row) * kColumns + column;
             const float step = textureStep;
-            emitCorner(cellIndex, textureU, textureV, gridX, gridY);
-            emitCorner(cellIndex + 1, textureU + step, textureV, gridX + gridStep, gridY);
-            emitCorner(cellIndex + kColumns + 1, textureU + step, textureV + step, gridX + gridStep, gridY + gridStep);
-            emitCorner(cellIndex + kColumns, textureU, textureV + step, gridX, gridY + gridStep);
+            addCorner(cellIndex, textureU, textureV, gridX, gridY);
+            addCorner(cellIndex + 1, textureU + step, textureV, gridX + gridStep, gridY);
+            addCorner(cellIndex + kColumns + 1, textureU + step, textureV + step, gridX + gridStep, gridY + gridStep);
+            addCorner(cellIndex + kColumns, textureU, textureV + step, gridX, gridY + gridStep);
             textureU += textureStep;
             gridX += gridStep;
         }
@@ -186,11 +187,26 @@ void RasterFXEffect::drawGrid() {
     }
 }
 
-void RasterFXEffect::emitCorner(int index, float texU, float texV, float cornerX, float cornerY) {
+void RasterFXEffect::addCorner(int index, float texU, float texV, float cornerX, float cornerY) {
     const float h = float(heightMap->getData(index));
     shade = h / 256.0f;
     height = h / 128.0f - 3.0f;
-    glColor3f(shade, shade, shade);
-    glTexCoord2f(texU, texV);
-    glVertex3f(cornerX, cornerY, height);
+    corners.push_back({texU, texV, shade, shade, shade, cornerX, cornerY, height});
+}
+
+// One draw for the whole grid, left out when nothing is rasterised: unlike corners sent one
+// by one, an array draw leaves nothing behind in the driver that later frames could see.
+void RasterFXEffect::drawCorners() {
+    if (corners.empty()) return;
+    if (!pixelsDiscarded()) {
+        glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+        glInterleavedArrays(GL_T2F_C3F_V3F, 0, corners.data());
+        glDrawArrays(GL_QUADS, 0, GLsizei(corners.size()));
+        glPopClientAttrib();
+    }
+    // The last corner's grey and texture corner stay current, as after drawing corner by
+    // corner: effects drawn later without their own colour are tinted by it.
+    const Corner& last = corners.back();
+    glColor3f(last.r, last.g, last.b);
+    glTexCoord2f(last.s, last.t);
 }

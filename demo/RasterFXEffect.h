@@ -3,6 +3,8 @@
 // 512 x 512 feedback texture each frame, and a 100 x 75 grid of quads, raised and
 // shaded by a height map that scrolls row by row, is drawn with it. Takes no scripted
 // methods.
+#include <vector>
+
 #include "demosys/Effect.h"
 
 class Binary;
@@ -19,10 +21,14 @@ public:
     virtual Effect* getInstance();
 
 private:
+    struct Corner {
+        float s, t, r, g, b, x, y, z;  // the GL_T2F_C3F_V3F layout
+    };
     void drawPicture(float frameTime);
     void drawPictureQuad();
-    void drawGrid();
-    void emitCorner(int index, float texU, float texV, float gridX, float gridY);
+    void buildGrid();
+    void addCorner(int index, float texU, float texV, float gridX, float gridY);
+    void drawCorners();
 
     Binary* heightMap;  // not owned
     Texture* picture;   // not owned
@@ -40,4 +46,5 @@ private:
     float drawTime;  // for inspection only
     unsigned int feedbackTexture;
     int screenWidth, screenHeight;
+    std::vector<Corner> corners;  // this frame's grid
 };
