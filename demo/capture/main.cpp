@@ -44,8 +44,11 @@ static void runUnderXvfbIfNeeded(int argc, char** argv, const CaptureOptions& op
     setenv("QLN_CAPTURE_UNDER_XVFB", "1", 1);
     std::string screen = "-screen 0 " + std::to_string(std::max(options.width, 1280)) + "x" +
                          std::to_string(std::max(options.height, 720)) + "x24 -noreset";
-    std::vector<char*> args = {const_cast<char*>("xvfb-run"), const_cast<char*>("-a"), const_cast<char*>("-s"),
-                               screen.data()};
+    // xvfb-run -a takes the first free display from its start number; chunks started together
+    // would all pick the same one, so each process starts its search somewhere else.
+    std::string serverNumber = std::to_string(100 + getpid() % 20000);
+    std::vector<char*> args = {const_cast<char*>("xvfb-run"), const_cast<char*>("-a"), const_cast<char*>("-n"),
+                               serverNumber.data(), const_cast<char*>("-s"), screen.data()};
     for (int i = 0; i < argc; ++i) args.push_back(argv[i]);
     args.push_back(nullptr);
     std::cerr << "democapture: no display, starting a private X server (xvfb-run)" << std::endl;
@@ -69,7 +72,8 @@ static bool prepareOutput(const CaptureOptions& options, std::string& error) {
         error = "cannot create the output folder '" + options.outDir + "'" + (code ? ": " + code.message() : "");
         return false;
     }
-    std::string probe = options.outDir + "/.democapture-probe";
+    // One probe name per process: chunks run side by side write into the same folder.
+    std::string probe = options.outDir + "/.democapture-probe-" + std::to_string(getpid());
     int fd = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0644);
     if (fd < 0) {
         error = "cannot write into the output folder '" + options.outDir + "': " + std::strerror(errno);

@@ -170,7 +170,8 @@ def test_chunks(work):
     jobs = [(common + ["--out", full])] + [common + ["--chunk", "%d/7" % i, "--out", split] for i in range(7)]
     with ThreadPoolExecutor(2) as pool:
         results = list(pool.map(lambda args: capture(SRC, *args), jobs))
-    check(all(r.returncode == 0 for r in results), "the bundled demo captures whole and in 7 chunks")
+    check(all(r.returncode == 0 for r in results), "the bundled demo captures whole and in 7 chunks: %s" %
+          [r.stderr.decode()[-300:] for r in results if r.returncode])
     names = files(full)
     check(len(names) == 308 and files(split) == names, "308 frames at 4 fps, the chunks write them all")
     check(same_files(full, split, names), "every chunk's frames equal the whole capture's, byte for byte")

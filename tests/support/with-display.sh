@@ -5,4 +5,5 @@ export SDL_AUDIODRIVER=${SDL_AUDIODRIVER:-dummy}
 if [ -n "${DISPLAY:-}" ]; then
   exec "$@"
 fi
-exec xvfb-run -a -s "-screen 0 1280x720x24 -noreset" "$@"
+# Tests run side by side: each starts its search for a free display number elsewhere.
+exec xvfb-run -a -n $((100 + $$ % 20000)) -s "-screen 0 1280x720x24 -noreset" "$@"
