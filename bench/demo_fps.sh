@@ -5,8 +5,9 @@
 #  - one scene written as raw video and as PNG files, at 640x480 and 1280x720,
 #    next to the same frames drawn without writing;
 #  - time from launch to the first frame of the demo program;
-#  - with "chunks": the wall time of each chunk of an 8-way split at 640x480, and of the
-#    split run two at a time against one whole capture (several minutes).
+#  - with "chunks": the wall time of the first and last chunk of an 8-way split at 640x480,
+#    the time the last chunk spends running the frames before it, and the split run two at
+#    a time against one whole capture (several minutes).
 # Usage: bash bench/demo_fps.sh [build dir] [chunks]   (run from anywhere; prints tables)
 set -euo pipefail
 src=$(cd "$(dirname "$0")/.." && pwd)
@@ -74,12 +75,24 @@ for i in 1 2 3; do
 done
 
 [ "${2:-}" = chunks ] || exit 0
-seconds() { local t0; t0=$(date +%s%N); "$@"; echo "$(( ($(date +%s%N) - t0) / 1000000 ))" | sed 's/...$/.&/'; }
+seconds() {  # seconds COMMAND...: runs it and prints its wall time in seconds, to the millisecond
+  local t0 ms; t0=$(date +%s%N); "$@"; ms=$(( ($(date +%s%N) - t0) / 1000000 ))
+  printf '%d.%03d\n' $((ms / 1000)) $((ms % 1000))
+}
 echo
 echo "== An 8-way split of the bundled demo (640x480, 60 fps, PNG), load $(cut -d' ' -f1-3 /proc/loadavg)"
+declare -A took
 for i in 0 7; do
-  echo "chunk $i/8: $(seconds capture "$tmp/c.log" --size 640x480 --chunk $i/8 --out "$tmp/chunk$i") s"
+  took[$i]=$(seconds capture "$tmp/c.log" --size 640x480 --chunk $i/8 --out "$tmp/chunk$i")
+  echo "chunk $i/8: ${took[$i]} s"
 done
+echo "last chunk / first chunk: $(awk -v a="${took[7]}" -v b="${took[0]}" 'BEGIN { printf "%.2f", a / b }')"
+# What the last chunk pays for the frames before it: running them with nothing drawn,
+# against starting at frame 0 (launch and loading alone).
+first=$(( $("$bin/democapture" --count) * 7 / 8 ))
+launch=$(seconds capture "$tmp/l.log" --size 640x480 --frames 0-0 --discard)
+ahead=$(seconds capture "$tmp/a.log" --size 640x480 --frames "$first-$first" --discard)
+echo "frames 0-$((first - 1)) run ahead of chunk 7: $(awk -v a="$ahead" -v b="$launch" 'BEGIN { printf "%.2f", a - b }') s (launch alone: $launch s)"
 rm -rf "$tmp"/chunk*
 split() { seq 0 7 | xargs -P2 -I{} env -u DISPLAY "$bin/democapture" --size 640x480 --chunk {}/8 --out "$tmp/split" \
             > /dev/null 2>&1; }

@@ -162,11 +162,14 @@ void RasterFXEffect::drawPictureQuad() {
 
 // 75 rows of 100 quads from the bottom left; each corner takes its height and grey from
 // one byte of the map, read as rows of 100 bytes from the current row offset. Bytes past
-// the end of a short map read as 0; without a map no grid is drawn.
+// the end of a short map read as 0; without a map no grid is drawn. With nothing rasterised
+// (frame capture before its range) only the very last corner is built: it is all the grid
+// leaves behind.
 void RasterFXEffect::buildGrid() {
     corners.clear();
     if (heightMap == nullptr) return;
-    corners.reserve(size_t(kRows) * kColumns * 4);
+    const bool wholeGrid = !pixelsDiscarded();
+    if (wholeGrid) corners.reserve(size_t(kRows) * kColumns * 4);
     gridY = -1.5f;
     textureV = 0;
     for (int row = 0; row < kRows; ++row) {
@@ -175,10 +178,14 @@ void RasterFXEffect::buildGrid() {
         for (int column = 0; column < kColumns; ++column) {
             cellIndex = (int(rowOffset) + row) * kColumns + column;
             const float step = textureStep;
-            addCorner(cellIndex, textureU, textureV, gridX, gridY);
-            addCorner(cellIndex + 1, textureU + step, textureV, gridX + gridStep, gridY);
-            addCorner(cellIndex + kColumns + 1, textureU + step, textureV + step, gridX + gridStep, gridY + gridStep);
-            addCorner(cellIndex + kColumns, textureU, textureV + step, gridX, gridY + gridStep);
+            if (wholeGrid) {
+                addCorner(cellIndex, textureU, textureV, gridX, gridY);
+                addCorner(cellIndex + 1, textureU + step, textureV, gridX + gridStep, gridY);
+                addCorner(cellIndex + kColumns + 1, textureU + step, textureV + step, gridX + gridStep,
+                          gridY + gridStep);
+            }
+            if (wholeGrid || (row == kRows - 1 && column == kColumns - 1))
+                addCorner(cellIndex + kColumns, textureU, textureV + step, gridX, gridY + gridStep);
             textureU += textureStep;
             gridX += gridStep;
         }

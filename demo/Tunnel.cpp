@@ -3,6 +3,7 @@
 #include <GL/glew.h>
 #include <cmath>
 
+#include "demosys/Effect.h"
 #include "demosys/GLHelpers.h"
 
 namespace {
@@ -82,9 +83,24 @@ bool Tunnel::ringPairStored(int r) const {
     return segments > 0 && (size_t(r) + 2) * size_t(segments) <= x.size();
 }
 
-void Tunnel::emit(int index, float texU, float texV) const {
-    glTexCoord2f(texU, texV);
-    glVertex3f(distortedX[index], distortedY[index], distortedZ[index]);
+void Tunnel::addCorner(int index, float texU, float texV, float shade) {
+    corners.push_back({texU, texV, shade, shade, shade, shade, distortedX[index], distortedY[index], distortedZ[index]});
+}
+
+void Tunnel::addRing(int r, float shade) {
+    const int n = segments;
+    int i = r * n;
+    for (int j = 0; j < n - 1; ++j, ++i) {
+        addCorner(i, u[i], v[i], shade);
+        addCorner(i + 1, u[i + 1], v[i + 1], shade);
+        addCorner(i + n + 1, u[i + n + 1], v[i + n + 1], shade);
+        addCorner(i + n, u[i + n], v[i + n], shade);
+    }
+    // The seam: the ring's first vertex again, at the right edge of the texture.
+    addCorner(i, u[i], v[i], shade);
+    addCorner(i - n + 1, 1.0f, v[i], shade);
+    addCorner(i + 1, 1.0f, v[i + n], shade);
+    addCorner(i + n, u[i], v[i + n], shade);
 }
 
 void Tunnel::draw(float speed, float spare, float frameTime) {
@@ -97,25 +113,39 @@ void Tunnel::draw(float speed, float spare, float frameTime) {
     brightness = 1.0f;
     textureScroll += frameTime * speed;
 
-    const int n = segments;
-    glBegin(GL_QUADS);
+    // Each ring is a shade darker than the one before. The quads go out as one array draw,
+    // which leaves the driver's immediate-mode vertex stream as it was: frame capture can
+    // then leave them out before its range (nothing is rasterised there) and every later
+    // frame stays the same to the bit, which quads skipped one by one would not guarantee.
+    const bool submit = !Effect::pixelsDiscarded();
+    corners.clear();
+    int lastRing = -1;
+    float lastShade = 0;
     for (int r = 0; r < rings - 1 && ringPairStored(r); ++r) {
-        glColor4f(brightness, brightness, brightness, brightness);
+        if (submit) addRing(r, brightness);
+        lastRing = r;
+        lastShade = brightness;
         brightness -= 1.0f / rings;
-        int i = r * n;
-        for (int j = 0; j < n - 1; ++j, ++i) {
-            emit(i, u[i], v[i]);
-            emit(i + 1, u[i + 1], v[i + 1]);
-            emit(i + n + 1, u[i + n + 1], v[i + n + 1]);
-            emit(i + n, u[i + n], v[i + n]);
-        }
-        // The seam: the ring's first vertex again, at the right edge of the texture.
-        emit(i, u[i], v[i]);
-        emit(i - n + 1, 1.0f, v[i]);
-        emit(i + 1, 1.0f, v[i + n]);
-        emit(i + n, u[i], v[i + n]);
     }
-    glEnd();
+    if (!corners.empty()) {
+        glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+        const GLsizei stride = sizeof(Corner);
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glEnableClientState(GL_COLOR_ARRAY);
+        glEnableClientState(GL_VERTEX_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, stride, &corners[0].s);
+        glColorPointer(4, GL_FLOAT, stride, &corners[0].r);
+        glVertexPointer(3, GL_FLOAT, stride, &corners[0].x);
+        glDrawArrays(GL_QUADS, 0, GLsizei(corners.size()));
+        glPopClientAttrib();
+    }
+    // The far ring's shade and the last corner's texture position stay current, as after
+    // sending corner by corner; with colour material on, the shade is also the material.
+    if (lastRing >= 0) {
+        glColor4f(lastShade, lastShade, lastShade, lastShade);
+        const int i = lastRing * segments + segments - 1;
+        glTexCoord2f(u[i], v[i + segments]);
+    }
     glPopMatrix();
 }
 

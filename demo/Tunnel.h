@@ -19,7 +19,12 @@ public:
 private:
     // Whether ring r and the ring after it lie inside the vertex arrays.
     bool ringPairStored(int r) const;
-    void emit(int index, float u, float v) const;
+    void addCorner(int index, float u, float v, float shade);
+    void addRing(int r, float shade);
+
+    struct Corner {
+        float s, t, r, g, b, a, x, y, z;
+    };
 
     float radius;
     float length;
@@ -36,4 +41,5 @@ private:
     float brightness;
     float amplitudeA, amplitudeB;
     float textureScroll;
+    std::vector<Corner> corners;  // this frame's quads
 };
