@@ -12,6 +12,7 @@
 set -euo pipefail
 src=$(cd "$(dirname "$0")/.." && pwd)
 bin=${1:-$src/build}
+mode=${2:-}  # read now: the scene loop below reuses the positional parameters
 cd "$src"
 export SDL_AUDIODRIVER=dummy
 tmp=$(mktemp -d)
@@ -74,7 +75,7 @@ for i in 1 2 3; do
   wait "$runner" 2>/dev/null || true
 done
 
-[ "${2:-}" = chunks ] || exit 0
+[ "$mode" = chunks ] || exit 0
 seconds() {  # seconds COMMAND...: runs it and prints its wall time in seconds, to the millisecond
   local t0 ms; t0=$(date +%s%N); "$@"; ms=$(( ($(date +%s%N) - t0) / 1000000 ))
   printf '%d.%03d\n' $((ms / 1000)) $((ms % 1000))
